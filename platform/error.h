@@ -1,0 +1,37 @@
+#pragma once
+
+// An error as a procedure's tail hears of it: a number and a description. Whatever can fail raises one; the step of the
+// procedure in which it arises catches it (foundation/procedure.h). It never leaves a procedure.
+
+#include "platform/text.h"
+
+namespace strandline {
+
+struct Error {
+  Long number = 0;
+  String description;
+};
+
+namespace errors {
+inline constexpr Long kInvalidArgument = 5;
+inline constexpr Long kOverflow = 6;
+inline constexpr Long kOutOfMemory = 7;
+inline constexpr Long kSubscriptOutOfRange = 9;
+inline constexpr Long kTypeMismatch = 13;
+inline constexpr Long kObjectNotSet = 91;
+inline constexpr Long kCannotCreateComponent = 429;
+inline constexpr Long kNoSuchMember = 438;
+inline constexpr Long kNoSuchNamedArgument = 448;
+inline constexpr Long kArgumentNotOptional = 449;
+inline constexpr Long kWrongNumberOfArguments = 450;
+inline constexpr Long kDuplicateKey = 457;
+inline constexpr Long kResourceNotFound = 326;
+}  // namespace errors
+
+// The usual words for a number; "Application-defined or object-defined error" for one that has none.
+String ErrorDescription(Long number);
+
+[[noreturn]] void Raise(Long number);
+[[noreturn]] void Raise(Long number, String description);
+
+}  // namespace strandline

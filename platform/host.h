@@ -1,0 +1,80 @@
+#pragma once
+
+// What a host of the library needs beyond what the library itself needs: windows of its own, posted messages, input,
+// and a canvas. The simulated Word is written against this and the seam, so that it plays on the desk and, with real
+// windows, on Windows.
+
+#include <cstdint>
+#include <functional>
+
+#include "platform/graphics.h"
+#include "platform/windows.h"
+
+namespace strandline {
+
+// A window's own procedure; what a hook passes on arrives here.
+class WindowProcedure {
+ public:
+  virtual Long OnMessage(Long hwnd, Long message, Long wParam, Long lParam) = 0;
+
+ protected:
+  ~WindowProcedure() = default;
+};
+
+class HostWindows {
+ public:
+  virtual ~HostWindows() = default;
+
+  // A new window, on top of its siblings, hidden at first; `bounds` in screen pixels. parent 0: a top-level window.
+  // Windows have no frame of the system's own; client origin and window origin coincide, and a window never draws over
+  // its children.
+  virtual Long CreateWindowOf(const String& className, const String& title, Long parent, const Rect& bounds,
+                              WindowProcedure* procedure) = 0;
+  // With its children; timers and invalid regions go with it. Each gets WM_DESTROY (2).
+  virtual void DestroyWindow(Long hwnd) = 0;
+  virtual void SetWindowText(Long hwnd, const String& title) = 0;
+  // Screen pixels; children move along. A change of size sends WM_SIZE (5) and invalidates the window.
+  virtual void MoveWindow(Long hwnd, const Rect& bounds) = 0;
+  virtual void BringWindowToTop(Long hwnd) = 0;
+  // Makes the window the thread's active one and brings it to the front; 0: none of ours is active (another program's).
+  virtual void ActivateWindow(Long hwnd) = 0;
+  virtual void InvalidateWindow(Long hwnd) = 0;
+  virtual void PostMessage(Long hwnd, Long message, Long wParam, Long lParam) = 0;
+  virtual void PostQuitMessage() = 0;
+  // Sends WM_CAPTURECHANGED (533) with the new window in lParam to the window that loses the capture.
+  virtual void SetCapture(Long hwnd) = 0;
+  // What a window does with a message that it doesn't handle; a WM_PAINT validates.
+  virtual Long DefWindowProc(Long hwnd, Long message, Long wParam, Long lParam) = 0;
+  // Moves the pointer on the screen, without a message.
+  virtual void PlacePointer(Point screen) = 0;
+  // Another program's window covers the whole screen and takes activation and foreground; and goes again.
+  virtual void CoverScreen(bool covered) = 0;
+};
+
+// Simple drawing for the host's own faces.
+class HostCanvas {
+ public:
+  virtual ~HostCanvas() = default;
+  virtual void FillRectangle(Long hdc, const Rect& rectangle, Long color) = 0;
+  // Each row one colour, from `top` down to `bottom` linearly.
+  virtual void FillGradient(Long hdc, const Rect& rectangle, Long topColor, Long bottomColor) = 0;
+  // One line of text from its top left corner, in the host's own font; pixels.
+  virtual void DrawTextLine(Long hdc, Long x, Long y, const String& text, Long color) = 0;
+  virtual Long TextWidth(const String& text) = 0;  // pixels
+  virtual Long TextHeight() = 0;                   // pixels
+  // A picture's bitmap, centred in the rectangle, without the pixels of `key`.
+  virtual void DrawBitmap(Long hdc, const Rect& rectangle, Long bitmap, Long key) = 0;
+};
+
+// The world's time, apart from the calendar: milliseconds since it began. Scheduled work runs where messages are
+// pumped.
+class HostClock {
+ public:
+  virtual ~HostClock() = default;
+  virtual std::int64_t Milliseconds() = 0;
+  virtual void After(std::int64_t milliseconds, std::function<void()> work) = 0;
+  // Lets time pass, its end included: timers fire, posted messages, paints and scheduled work run.
+  virtual void Wait(std::int64_t milliseconds) = 0;
+};
+
+}  // namespace strandline

@@ -1,0 +1,164 @@
+#include "platform/variant.h"
+
+#include "platform/convert.h"
+
+namespace strandline {
+
+namespace {
+
+template <class... Ts>
+struct Overloaded : Ts... {
+  using Ts::operator()...;
+};
+
+template <class T>
+inline constexpr bool kIsPlainNumber =
+    std::is_same_v<T, Integer> || std::is_same_v<T, Long> || std::is_same_v<T, Single> || std::is_same_v<T, Double>;
+
+[[noreturn]] void Mismatch() { Raise(errors::kTypeMismatch); }
+
+struct AsDouble {
+  Double operator()(const Variant::Empty&) const { return 0; }
+  Double operator()(Boolean value) const { return value ? -1 : 0; }
+  Double operator()(Date value) const { return value.days; }
+  Double operator()(const String& value) const { return NumberFromText(value); }
+  template <class T>
+  Double operator()(const T& value) const {
+    if constexpr (kIsPlainNumber<T>) {
+      return static_cast<Double>(value);
+    } else {
+      Mismatch();
+    }
+  }
+};
+
+struct AsText {
+  String operator()(const Variant::Empty&) const { return {}; }
+  String operator()(Boolean value) const { return TextFromBoolean(value); }
+  String operator()(Integer value) const { return DecimalText(value); }
+  String operator()(Long value) const { return DecimalText(value); }
+  String operator()(Single value) const { return TextFromNumber(static_cast<Double>(value)); }
+  String operator()(Double value) const { return TextFromNumber(value); }
+  String operator()(const String& value) const { return value; }
+  template <class T>
+  String operator()(const T&) const {
+    Mismatch();
+  }
+};
+
+struct Resolve {
+  const Variant& self;
+  template <class T>
+  Variant operator()(const T& value) const {
+    if constexpr (std::is_same_v<T, Variant*>) {
+      return value->Resolved();
+    } else if constexpr (std::is_pointer_v<T>) {
+      return Variant(*value);
+    } else {
+      return self;
+    }
+  }
+};
+
+struct AssignThrough {
+  const Variant& value;
+  void operator()(Boolean* to) const { *to = value.ToBoolean(); }
+  void operator()(Integer* to) const { *to = value.ToInteger(); }
+  void operator()(Long* to) const { *to = value.ToLong(); }
+  void operator()(Double* to) const { *to = value.ToDouble(); }
+  void operator()(String* to) const { *to = value.ToText(); }
+  void operator()(Object* to) const { *to = value.ToObject(); }
+  void operator()(Variant* to) const { *to = value.Resolved(); }
+  void operator()(Array<Byte>* to) const { AssignArray<Byte>(to); }
+  void operator()(Array<String>* to) const { AssignArray<String>(to); }
+  void operator()(Array<Boolean>* to) const { AssignArray<Boolean>(to); }
+  template <class T>
+  void operator()(const T&) const {
+    Mismatch();
+  }
+  template <class T>
+  void AssignArray(Array<T>* to) const {
+    const Variant resolved = value.Resolved();
+    const auto* array = resolved.If<Variant::Shared<T>>();
+    if (!array) Mismatch();
+    *to = **array;
+  }
+};
+
+}  // namespace
+
+bool Variant::IsByRef() const {
+  return std::visit([](const auto& value) { return std::is_pointer_v<std::remove_cvref_t<decltype(value)>>; }, mValue);
+}
+
+Variant Variant::Resolved() const { return std::visit(Resolve{*this}, mValue); }
+void Variant::Assign(const Variant& value) const { std::visit(AssignThrough{value}, mValue); }
+
+Boolean Variant::ToBoolean() const {
+  if (const Boolean* value = If<Boolean>()) return *value;
+  if (IsByRef()) return Resolved().ToBoolean();
+  if (const String* text = If<String>()) return BooleanFromText(*text);
+  return std::visit(AsDouble{}, mValue) != 0;
+}
+
+Integer Variant::ToInteger() const {
+  if (const Integer* value = If<Integer>()) return *value;
+  if (IsByRef()) return Resolved().ToInteger();
+  return RoundToInteger(std::visit(AsDouble{}, mValue));
+}
+
+Long Variant::ToLong() const {
+  if (const Long* value = If<Long>()) return *value;
+  if (const Integer* value = If<Integer>()) return *value;
+  if (IsByRef()) return Resolved().ToLong();
+  return RoundToLong(std::visit(AsDouble{}, mValue));
+}
+
+Double Variant::ToDouble() const {
+  if (IsByRef()) return Resolved().ToDouble();
+  return std::visit(AsDouble{}, mValue);
+}
+
+String Variant::ToText() const {
+  if (const String* text = If<String>()) return *text;
+  if (IsByRef()) return Resolved().ToText();
+  return std::visit(AsText{}, mValue);
+}
+
+Object Variant::ToObject() const {
+  if (const Object* object = If<Object>()) return *object;
+  if (IsByRef()) return Resolved().ToObject();
+  Mismatch();
+}
+
+Picture Variant::ToPicture() const {
+  if (const Picture* picture = If<Picture>()) return *picture;
+  if (IsByRef()) return Resolved().ToPicture();
+  const Object object = ToObject();
+  return object.IsNothing() ? Picture() : object.Target()->AsPicture();
+}
+
+Ref<Enumerator> Dispatch::Elements() { Raise(errors::kNoSuchMember); }
+Picture Dispatch::AsPicture() const { Mismatch(); }
+
+bool Walk::First(const Object& collection, Object& element) {
+  mEnumerator = nullptr;
+  if (collection.IsNothing()) Raise(errors::kObjectNotSet);
+  mEnumerator = collection.Target()->Elements();
+  return Next(element);
+}
+
+bool Walk::Next(Object& element) {
+  // Let go of first, so that a walk whose next step raises is over.
+  const Ref<Enumerator> enumerator = std::exchange(mEnumerator, nullptr);
+  Variant next;
+  if (!enumerator || !enumerator->Next(next)) {
+    element = nullptr;
+    return false;
+  }
+  element = next.ToObject();
+  mEnumerator = enumerator;
+  return true;
+}
+
+}  // namespace strandline
