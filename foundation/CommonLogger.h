@@ -1,0 +1,59 @@
+#pragma once
+
+// The one logging seam. It is inert: nothing is written, opened or kept, so that calls on paint and mouse paths cost no
+// more than a call. An observer may listen (the desk's journal does); the library behaves the same with and without.
+
+#include "foundation/log_text.h"
+#include "foundation/procedure.h"
+
+namespace strandline {
+
+class LogObserver {
+ public:
+  virtual void OnLog(TextView message, Long level) = 0;
+
+ protected:
+  ~LogObserver() = default;
+};
+
+namespace CommonLogger {
+
+struct Variables {
+  String mWebsiteAddress;
+};
+inline Variables variables;
+// Outlives a load: whoever sets it takes it off.
+inline LogObserver* observer = nullptr;
+
+inline constexpr Long kOrdinary = 0;
+inline constexpr Long kNoteworthy = 1;
+inline constexpr Long kFailure = 2;
+
+void OpenLog(Long level, const String& productName, const String& logPrefix, const String& companyName);
+void CloseLog(Long instanceId);
+void ReportModule(Reporter& to);
+
+inline constexpr ModuleInfo kModuleInfo{u"CommonLogger", &ReportModule};
+
+namespace detail {
+
+inline constexpr ModuleFile kModule{&kModuleInfo};
+
+inline void Log(const LogText& str, Long level, Boolean outputTime, Long instanceId) {
+  PROCEDURE(void, u"Log", str, level, outputTime, instanceId);
+}
+
+}  // namespace detail
+
+// level: 0 ordinary, 1 noteworthy, 2 failure.
+inline void Log(const LogText& str, Long level = kOrdinary, Boolean outputTime = false, Long instanceId = -1) {
+  if (observer) [[unlikely]]
+    observer->OnLog(str.Text(), level);
+  detail::Log(str, level, outputTime, instanceId);
+}
+
+}  // namespace CommonLogger
+
+using CommonLogger::Log;
+
+}  // namespace strandline
