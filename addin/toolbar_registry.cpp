@@ -1,0 +1,155 @@
+// The registry of toolbars by window: who is in it, who has to go, and what the ads' events reach through it.
+
+#include "addin/Main2.h"
+#include "drawing/ToolbarUtilities.h"
+#include "foundation/CommonLogger.h"
+#include "platform/convert.h"
+#include "wordaccess/CommonWordInteractionFunctions.h"
+#include "wordaccess/CommonWordWindowFunctions.h"
+
+namespace strandline {
+
+using CommonWordInteractionFunctions::Documents;
+
+namespace {
+constexpr ModuleInfo kModuleInfo{u"Main2", nullptr};
+constexpr ModuleFile kModule{&kModuleInfo, 1000};
+}  // namespace
+
+Ref<Toolbar> Main2::castToToolbar(const Variant& item) {
+  METHOD(Ref<Toolbar>, u"castToToolbar", item);
+  STEP(const Object object = item.ToObject(); Toolbar* const toolbar = dynamic_cast<Toolbar*>(object.Target());
+       if (!toolbar && !object.IsNothing()) Raise(errors::kTypeMismatch); here.result = Ref<Toolbar>(toolbar));
+  return here.Leave();
+}
+
+Ref<Toolbar> Main2::Toolbars(Long hwnd) {
+  METHOD(Ref<Toolbar>, u"Toolbars[Get]", hwnd);
+  STEP(here.result = castToToolbar(Required(mToolbars).Item(hwnd)));
+  return here.Leave();
+}
+
+void Main2::RemoveToolbarImpl(Long hwnd) {
+  METHOD(void, u"RemoveToolbarImpl", hwnd);
+  Log(Joined(u"Remove Toolbar (", Hex{hwnd}, u")"), CommonLogger::kNoteworthy);
+  CONDITION(exists, Required(mToolbars).Exists(hwnd));
+  if (!exists) return;
+  STEP(Required(Toolbars(hwnd)).Terminate());
+  STEP(Required(mToolbars).Remove(hwnd));
+  STEP(Log(Joined(u"Removed toolbar, the remaining count ", Required(mToolbars).Count())));
+}
+
+void Main2::RemoveExtraneousToolbar() {
+  METHOD(void, u"RemoveExtraneousToolbar");
+  Long key = 0;
+  Integer last = 0;
+  REPORTS(key, last);
+  Log(u"RemoveExtraneousToolbar", CommonLogger::kFailure);
+  if (mSmallToolbar) return;
+  STEP(last = ToInteger(Required(mToolbars).Count() - 1));
+  for (Integer i = 0; i <= last; ++i) {
+    STEP(key = Required(mToolbars).KeyAt(i).ToLong());
+    if (HasADocument(key)) continue;
+    RemoveToolbarImpl(key);
+    return;
+  }
+}
+
+Boolean Main2::HasADocument(Long key) {
+  METHOD(Boolean, u"HasADocument", key);
+  Object doc;
+  Walk walk;
+  REPORTS(doc);
+  CONDITION(more, walk.First(Documents(), doc));
+  while (more) {
+    STEP(here.result = Required(Toolbars(key)).isDocument(doc));
+    if (here.result) return here.Leave();
+    more = false;
+    STEP(more = walk.Next(doc));
+  }
+  return here.Leave();
+}
+
+// Concerns the step between no document and one document only.
+void Main2::ToggleToolbarForNoDocuments(Boolean enabled) {
+  METHOD(void, u"ToggleToolbarForNoDocuments", enabled);
+  Integer count = 0;
+  REPORTS(count);
+  CONDITION(several, Documents().Get("count").ToLong() > 1);
+  if (several) return;
+  if (enabled == sEnabled) return;
+  sEnabled = enabled;
+  Log(Joined(u"ToggleToolbar ", enabled));
+  if (!mSmallToolbar) return ToolbarVisible(enabled);
+  ToolbarVisible(true);
+  STEP(count = ToolbarUtilities::CommandBar().Get("Controls").ToObject().Get("count").ToInteger());
+  for (Integer i = 1; i <= count; ++i) {
+    STEP(const Object control = ToolbarUtilities::CommandBar().Get("Controls").ToObject().Get("Item", i).ToObject();
+         control.Let("Enabled", enabled || ToolbarUtilities::EnableList(i)));
+  }
+}
+
+// All keys go: at this moment the last document's toolbar is the only entry that should stand.
+void Main2::RemoveLastToolbar() {
+  METHOD(void, u"RemoveLastToolbar");
+  if (!mMoveToolbarFlag) return;
+  mMoveToolbarFlag = false;
+  Log(u"RemoveLastToolbar");
+  if (mToolbars) {
+    for (const Long key : RegisteredWindows()) RemoveToolbarImpl(key);
+  }
+}
+
+void Main2::RemoveActiveToolbarEntry(Boolean keepLastDocument) {
+  METHOD(void, u"RemoveActiveToolbarEntry", keepLastDocument);
+  Long count = 0;
+  Long hwnd = 0;
+  REPORTS(count, hwnd);
+  if (mSmallToolbar) return;
+  STEP(count = Documents().Get("count").ToLong());
+  if (count == 0) return;
+  hwnd = CommonWordWindowFunctions::ActiveDocumentHandle();
+  if (keepLastDocument && count == 1) {
+    Log(Joined(u"RemoveActiveToolbarEntry, calling AfterLastDocumentClose for ", Hex{hwnd}));
+    mOldHwnd = hwnd;
+    CONDITION(isRegistered, Required(mToolbars).Exists(mOldHwnd) && Toolbars(mOldHwnd));
+    if (isRegistered) mMoveToolbarFlag = true;
+  } else {
+    Log(u"RemoveActiveToolbarEntry");
+    RemoveToolbarImpl(hwnd);
+  }
+}
+
+void Main2::mCallbackToMe_ValueChangedWithAds(const Array<Boolean>& ads, const String& value) {
+  METHOD(void, u"mCallbackToMe_ValueChangedWithAds", ads, value);
+  STEP(Required(mToolbars));
+  for (const Long key : RegisteredWindows()) STEP(Required(Toolbars(key)).ValueChanged(ads, value));
+}
+
+void Main2::mCallbackToMe_DownloadedNewAds() {
+  METHOD(void, u"mCallbackToMe_DownloadedNewAds");
+  STEP(Required(mToolbars));
+  for (const Variant& item : RegisteredItems()) {
+    if (!item.IsEmpty()) STEP(Required(castToToolbar(item)).ReprimeTimerCycle());
+  }
+}
+
+// As they are now; the registry may change while they are gone through.
+std::vector<Long> Main2::RegisteredWindows() const {
+  std::vector<Long> windows;
+  for (Long i = 0; mToolbars && i < mToolbars->Count(); ++i) windows.push_back(mToolbars->KeyAt(i).ToLong());
+  return windows;
+}
+
+std::vector<Variant> Main2::RegisteredItems() const {
+  std::vector<Variant> items;
+  for (Long i = 0; mToolbars && i < mToolbars->Count(); ++i) items.push_back(mToolbars->ItemAt(i));
+  return items;
+}
+
+void Main2::ValueChangedWithAds(const Array<Boolean>& ads, const String& value) {
+  mCallbackToMe_ValueChangedWithAds(ads, value);
+}
+void Main2::DownloadedNewAds() { mCallbackToMe_DownloadedNewAds(); }
+
+}  // namespace strandline

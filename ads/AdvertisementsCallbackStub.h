@@ -1,0 +1,42 @@
+#pragma once
+
+// The relay of the ads' events. It has two faces: outsiders, who are handed one, call NewAdvertisementsEvent and
+// ValueChanged; the library calls the other two. Each call only raises the event of like name at the sink. There are
+// two in a running system, one that Main2 hears and one that the factory hears.
+
+#include "foundation/class_object.h"
+
+namespace strandline {
+
+class AdvertisementsCallbackStub final : public ClassObject {
+ public:
+  class Sink {
+   public:
+    virtual void ValueChanged(const String& /*key*/, const String& /*value*/) {}
+    virtual void NewAdvertisementsChanged(Boolean /*abortedAfterFiveSeconds*/) {}
+    virtual void ValueChangedWithAds(const Array<Boolean>& /*ads*/, const String& /*value*/) {}
+    virtual void DownloadedNewAds() {}
+
+   protected:
+    ~Sink() = default;
+  };
+
+  // The sink's owner cuts it, with null, before it goes.
+  void SetSink(Sink* sink) { mSink = sink; }
+
+  // For outsiders, who reach them by name.
+  void NewAdvertisementsEvent(Boolean abortedAfterFiveSeconds);
+  void ValueChanged(const String& key, const String& value);
+  Variant Invoke(Use use, Name member, const Arguments& arguments) override;
+
+  // Inside the library.
+  void ValueChangedWithAds(const Array<Boolean>& ads, const String& value);
+  void DownloadedNewAds();
+
+  void ReportVariables(Reporter&) const override {}
+
+ private:
+  Sink* mSink = nullptr;
+};
+
+}  // namespace strandline
