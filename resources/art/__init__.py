@@ -1,0 +1,1 @@
+"""The shared pieces and the drawings of Quillmere's toolbar pictures."""
