@@ -37,7 +37,7 @@ function(strandline_embed_images target)
   endif()
 
   set(folder "${CMAKE_CURRENT_BINARY_DIR}/${target}_images")
-  set(assembler "${folder}/own_images.s")
+  set(assembler "${folder}/own_images.S")
   set(table "${folder}/own_images.cpp")
   # The last section tells the linker that none of this wants to run on the stack.
   file(CONFIGURE OUTPUT "${assembler}" @ONLY CONTENT
@@ -59,6 +59,8 @@ ${rows}  };
 
 }  // namespace strandline::desk
 ")
-  set_source_files_properties("${assembler}" PROPERTIES OBJECT_DEPENDS "${images}")
+  # The target's options for C++ come along, and clang complains of those that an assembler doesn't use.
+  set_source_files_properties("${assembler}" PROPERTIES
+    OBJECT_DEPENDS "${images}" COMPILE_OPTIONS "-Wno-unused-command-line-argument")
   target_sources(${target} PRIVATE "${assembler}" "${table}")
 endfunction()

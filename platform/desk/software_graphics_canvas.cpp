@@ -1,0 +1,130 @@
+// The host's canvas: plain colours, gradients, text and pictures for the faces of the simulated programs.
+
+#include <algorithm>
+
+#include "platform/desk/bitmap_font.h"
+#include "platform/desk/raster/colour_key_copy.h"
+#include "platform/desk/raster/fill.h"
+#include "platform/desk/software_graphics.h"
+
+namespace strandline::desk {
+
+namespace {
+
+constexpr std::uint32_t kColorBits = 0xFFFFFF;
+
+constexpr Clip ClipOf(const Rect& rectangle) {
+  return {rectangle.left, rectangle.top, rectangle.right, rectangle.bottom};
+}
+
+std::uint32_t PixelOf(Long color) { return PixelFromColorRef(static_cast<std::uint32_t>(color)); }
+
+// `step` of `steps` on the way from one pixel to the other, each part rounded to nearest.
+std::uint32_t Between(std::uint32_t from, std::uint32_t to, std::int64_t step, std::int64_t steps) {
+  std::uint32_t pixel = 0;
+  for (int shift = 0; shift <= 16; shift += 8) {
+    const std::int64_t first = from >> shift & 0xFF;
+    const std::int64_t last = to >> shift & 0xFF;
+    const std::int64_t part = steps == 0 ? first : (2 * (first * (steps - step) + last * step) + steps) / (2 * steps);
+    pixel |= static_cast<std::uint32_t>(part) << shift;
+  }
+  return pixel;
+}
+
+void FillArea(const DrawTarget& target, const Clip& area, std::uint32_t pixel) {
+  const Clip part = Intersect(area, target.whole);
+  for (const Clip& clip : target.Clips()) desk::FillRect(*target.surface, clip, part, pixel);
+}
+
+void DrawGlyph(const DrawTarget& target, const Glyph& glyph, std::int64_t left, std::int64_t top, std::uint32_t pixel) {
+  for (int row = 0; row < Glyph::kRows; ++row) {
+    const unsigned bits = glyph.rows[static_cast<std::size_t>(row)];
+    for (int x = 0; x < glyph.width; ++x) {
+      if ((bits >> x & 1) == 0) continue;
+      int end = x + 1;
+      while (end < glyph.width && (bits >> end & 1) != 0) ++end;
+      FillArea(target, ClipAt(left + x, top + row, end - x, 1), pixel);
+      x = end;
+    }
+  }
+}
+
+// The pixels of a bitmap of either depth as colours.
+Surface InColor(const Surface& surface) {
+  Surface colored(surface.width, surface.height);
+  std::transform(surface.pixels.begin(), surface.pixels.end(), colored.pixels.begin(),
+                 [](std::uint32_t value) { return value == 0 ? 0 : kColorBits; });
+  return colored;
+}
+
+}  // namespace
+
+void SoftwareGraphics::FillRectangle(Long hdc, const Rect& rectangle, Long color) {
+  Context* context = mObjects->Use<Context>(hdc, "FillRectangle");
+  if (!context) return;
+  const DrawTarget target = mTargets.TargetOf(*context);
+  FillArea(target, target.Moved(ClipOf(rectangle)), PixelOf(color));
+}
+
+void SoftwareGraphics::FillGradient(Long hdc, const Rect& rectangle, Long topColor, Long bottomColor) {
+  Context* context = mObjects->Use<Context>(hdc, "FillGradient");
+  if (!context) return;
+  const DrawTarget target = mTargets.TargetOf(*context);
+  const Clip area = target.Moved(ClipOf(rectangle));
+  const Clip part = Intersect(area, target.whole);
+  if (IsEmpty(part)) return;
+  const std::int64_t steps = std::int64_t{area.bottom} - area.top - 1;
+  for (int y = part.top; y < part.bottom; ++y) {
+    const std::uint32_t pixel = Between(PixelOf(topColor), PixelOf(bottomColor), std::int64_t{y} - area.top, steps);
+    FillArea(target, {part.left, y, part.right, y + 1}, pixel);
+  }
+}
+
+void SoftwareGraphics::DrawTextLine(Long hdc, Long x, Long y, const String& text, Long color) {
+  Context* context = mObjects->Use<Context>(hdc, "DrawTextLine");
+  if (!context) return;
+  const DrawTarget target = mTargets.TargetOf(*context);
+  std::int64_t left = target.left + x;
+  const std::int64_t top = target.top + y + kGlyphTop;
+  for (const char16_t character : text.View()) {
+    if (left >= target.whole.right) break;
+    const Glyph& glyph = GlyphOf(character);
+    DrawGlyph(target, glyph, left, top, PixelOf(color));
+    left += glyph.width + kGlyphGap;
+  }
+}
+
+Long SoftwareGraphics::TextWidth(const String& text) { return WidthOfText(text); }
+
+Long SoftwareGraphics::TextHeight() { return kTextHeight; }
+
+void SoftwareGraphics::DrawBitmap(Long hdc, const Rect& rectangle, Long bitmap, Long key) {
+  Context* context = mObjects->Use<Context>(hdc, "DrawBitmap");
+  const Bitmap* found = mObjects->Use<Bitmap>(bitmap, "DrawBitmap");
+  if (!context || !found) return;
+  const DrawTarget target = mTargets.TargetOf(*context);
+  if (target.surface->IsMono() || target.surface == &found->surface) return;
+  const Surface colored = found->surface.IsMono() ? InColor(found->surface) : Surface();
+  const Surface& picture = found->surface.IsMono() ? colored : found->surface;
+  const bool hasKey = key >= 0 && static_cast<std::uint32_t>(key) <= kColorBits;
+
+  const Clip area = target.Moved(ClipOf(rectangle));
+  const std::int64_t left = area.left + (std::int64_t{area.right} - area.left - picture.width) / 2;
+  const std::int64_t top = area.top + (std::int64_t{area.bottom} - area.top - picture.height) / 2;
+  const Clip place = ClipAt(left, top, picture.width, picture.height);
+  const Clip part = Intersect(Intersect(place, area), target.whole);
+  if (IsEmpty(part)) return;
+  const int fromX = static_cast<int>(part.left - left);
+  const int fromY = static_cast<int>(part.top - top);
+  for (const Clip& clip : target.Clips()) {
+    if (hasKey) {
+      ColourKeyCopy(*target.surface, clip, part.left, part.top, part.right - part.left, part.bottom - part.top, picture,
+                    fromX, fromY, PixelOf(key));
+    } else {
+      desk::BitBlt(*target.surface, clip, part.left, part.top, part.right - part.left, part.bottom - part.top, picture,
+                   fromX, fromY, kSrcCopy, {});
+    }
+  }
+}
+
+}  // namespace strandline::desk
