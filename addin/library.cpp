@@ -24,6 +24,7 @@ void ForgetVariables() {
   LanguageExtensions::variables = {};
   CommonLogger::variables = {};
   vbwProtector::variables = {};
+  vbwProtector::lastError = {};
 }
 
 void Report(StateVisitor& to, const ModuleInfo& module) {

@@ -25,20 +25,19 @@ void ReportRunTimeObject(const char16_t* name, const Object& object) {
 }  // namespace
 
 // The protector's own procedures have no text of their parameters: building it runs them.
-void Frame::EnterWithParameters() {
+Integer Frame::EnterWithParameters(const ProcedureName& name, ReportFunction report, const void* parameters) {
   String text = u"()";
-  if (mName.file->module->report != &vbwProtector::ReportModule) {
-    text = vbwProtector::ParameterText(mReportParameters, mParameters);
+  if (name.file->module->report != &vbwProtector::ReportModule) {
+    text = vbwProtector::ParameterText(report, parameters);
   }
-  vbwProtector::vbwProcIn(mName, text);
-  if (vbwProtector::procedureObserver) {
-    vbwProtector::procedureObserver->OnProcedure(mName, mReportParameters, mParameters);
-  }
+  const Integer level = vbwProtector::vbwProcIn(name, text);
+  if (vbwProtector::procedureObserver) vbwProtector::procedureObserver->OnProcedure(name, report, parameters);
+  return level;
 }
 
 Frame::Resume Frame::Failed(const Error& error, Long line) {
   if (mMode == Mode::kTail) return Tail(error, line);
-  mLastError = error;
+  vbwProtector::lastError = error;
   return mMode == Mode::kIgnore ? Resume::kNext : Resume::kLeave;
 }
 
@@ -46,7 +45,9 @@ Frame::Resume Frame::FailedForMemory(Long line) {
   return Failed(Error{errors::kOutOfMemory, ErrorDescription(errors::kOutOfMemory)}, line);
 }
 
-void Frame::NoteOutOfMemory() { mLastError = {errors::kOutOfMemory, ErrorDescription(errors::kOutOfMemory)}; }
+void Frame::NoteOutOfMemory() {
+  vbwProtector::lastError = {errors::kOutOfMemory, ErrorDescription(errors::kOutOfMemory)};
+}
 
 Frame::Resume Frame::Tail(const Error& error, Long line) {
   const ModuleFile& file = *mName.file;

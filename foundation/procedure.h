@@ -38,9 +38,10 @@ class Frame {
   void EndQuietly() { mMode = Mode::kEnd; }
   void ReportErrors() { mMode = Mode::kTail; }
 
-  // The last error that was ignored or that took a jump; number 0 when there was none.
-  const Error& LastError() const { return mLastError; }
-  void ClearError() { mLastError = {}; }
+  // The last error that was ignored or that took a jump, here or in a procedure called since; number 0 when there was
+  // none.
+  static const Error& LastError() { return vbwProtector::lastError; }
+  static void ClearError() { vbwProtector::lastError = {}; }
 
   // Runs one statement. False: leave the procedure.
   template <class Body>
@@ -66,7 +67,7 @@ class Frame {
       body();
       return true;
     } catch (const Error& error) {
-      mLastError = error;
+      vbwProtector::lastError = error;
     } catch (const std::bad_alloc&) {
       NoteOutOfMemory();
     }
@@ -76,17 +77,20 @@ class Frame {
  protected:
   using ReportFunction = void (*)(const void* reports, Reporter& to);
 
-  [[gnu::always_inline]] inline Frame(const ProcedureName& name, const void* parameters, ReportFunction report)
-      : mName(name), mParameters(parameters), mReportParameters(report) {
+  template <class Parameters>
+  [[gnu::always_inline]] inline Frame(const ProcedureName& name, const Parameters& parameters)
+      : mName(name), mParameters(&parameters), mReportParameters(&CallReports<Parameters>) {
     if (!vbwProtector::variables.vbwTraceProc) return;
     if (vbwProtector::variables.vbwTraceParameters) [[unlikely]] {
-      EnterWithParameters();
+      // A copy goes out, so that in an ordinary run nothing of the list has to stand in memory.
+      const Parameters copy = parameters;
+      mLevel = EnterWithParameters(name, &CallReports<Parameters>, &copy);
     } else {
-      vbwProtector::vbwProcIn(name);
+      mLevel = vbwProtector::vbwProcIn(name);
     }
   }
   [[gnu::always_inline]] inline ~Frame() {
-    if (vbwProtector::variables.vbwTraceProc) vbwProtector::vbwProcOut(mName);
+    if (mLevel != 0) vbwProtector::vbwProcOut(mName, mLevel);
   }
 
   template <class Reports>
@@ -105,15 +109,15 @@ class Frame {
   enum class Mode { kTail, kIgnore, kEnd };
   enum class Resume { kAgain, kNext, kLeave };
 
-  void EnterWithParameters();
+  static Integer EnterWithParameters(const ProcedureName& name, ReportFunction report, const void* parameters);
   Resume Failed(const Error& error, Long line);
   Resume FailedForMemory(Long line);
-  void NoteOutOfMemory();
+  static void NoteOutOfMemory();
   Resume Tail(const Error& error, Long line);
   void WriteDump(const Error& error);
 
+  Integer mLevel = 0;  // of this procedure on the stack, 0 when it isn't kept
   Mode mMode = Mode::kTail;
-  Error mLastError;
 };
 
 template <class Result>
@@ -121,7 +125,7 @@ class Procedure : public Frame {
  public:
   template <class Parameters>
   [[gnu::always_inline]] inline Procedure(const ProcedureName& name, const Parameters& parameters)
-      : Frame(name, &parameters, &CallReports<Parameters>) {}
+      : Frame(name, parameters) {}
 
   template <class Locals>
   void Reports(const Locals& locals) {
@@ -138,7 +142,7 @@ class Procedure<void> : public Frame {
  public:
   template <class Parameters>
   [[gnu::always_inline]] inline Procedure(const ProcedureName& name, const Parameters& parameters)
-      : Frame(name, &parameters, &CallReports<Parameters>) {}
+      : Frame(name, parameters) {}
 
   template <class Locals>
   void Reports(const Locals& locals) {

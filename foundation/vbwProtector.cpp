@@ -78,8 +78,10 @@ Boolean alwaysIgnore(const String& StrRememberErrors, const String& strLastError
 
 Long vbwErrorHandler(Long errNumber, const String& ErrDescription, const String& ErrProject, const String& ErrSource,
                      const String& ErrProcedure, Long errLine) {
-  PROCEDURE(Long, u"vbwErrorHandler", errNumber, ErrDescription, ErrProject, ErrSource, ErrProcedure, errLine,
-            variables.StrRememberErrors, variables.strLastError);
+  PROCEDURE(Long, u"vbwErrorHandler", errNumber, ErrDescription, ErrProject, ErrSource, ErrProcedure, errLine);
+  const String& StrRememberErrors = variables.StrRememberErrors;
+  const String& strLastError = variables.strLastError;
+  REPORTS(StrRememberErrors, strLastError);
   if (errNumber != kAfterDump) variables.strLastError = hash(ErrSource, errNumber, errLine);
   if (alwaysIgnore(variables.StrRememberErrors, variables.strLastError)) {
     variables.mErrorParams = nullptr;

@@ -36,6 +36,7 @@ struct ProcedureName {
 namespace vbwProtector {
 
 inline constexpr Integer kStackSize = 64;
+inline constexpr Integer kMostCalls = 32767;
 
 struct Variables {
   Boolean vbwTraceProc = false;
@@ -57,6 +58,8 @@ struct Variables {
 };
 
 inline Variables variables;
+// The error that a procedure ignored or that made it jump, until the next one.
+inline Error lastError;
 
 // Told of every procedure as it is entered, with its parameters, while parameters are traced. For tests and diagnosis;
 // the library behaves the same with and without.
@@ -85,17 +88,33 @@ void vbwInitializeProtector();
 void vbwProcInOverflows();
 
 // Beyond 64 levels the count goes on and the name is lost, so that a deep recursion costs no error. The text of the
-// parameters is accepted and not kept.
-[[gnu::always_inline]] inline void vbwProcIn(const ProcedureName& lProc, const String& /*lParameters*/ = {}) {
-  if (variables.mStackCalls == 32767) [[unlikely]]
-    return vbwProcInOverflows();
-  if (++variables.mStackCalls <= kStackSize) [[likely]]
-    variables.mStack[variables.mStackCalls] = &lProc;
+// parameters is accepted and not kept. Returns the new count.
+[[gnu::always_inline]] inline Integer vbwProcIn(const ProcedureName& lProc) {
+  const Integer former = variables.mStackCalls;
+  if (former == kMostCalls) [[unlikely]] {
+    vbwProcInOverflows();
+    return former;
+  }
+  const Integer level = static_cast<Integer>(former + 1);
+  variables.mStackCalls = level;
+  if (level <= kStackSize) [[likely]]
+    variables.mStack[level] = &lProc;
+  return level;
 }
 
+inline Integer vbwProcIn(const ProcedureName& lProc, const String& /*lParameters*/) { return vbwProcIn(lProc); }
+
 [[gnu::always_inline]] inline void vbwProcOut(const ProcedureName& /*lProc*/) {
-  if (variables.mStackCalls >= 1) [[likely]]
-    --variables.mStackCalls;
+  if (variables.mStackCalls >= 1) --variables.mStackCalls;
+}
+
+// The same for a frame that knows its level: what it stores doesn't wait for what it reads.
+[[gnu::always_inline]] inline void vbwProcOut(const ProcedureName& lProc, Integer level) {
+  if (variables.mStackCalls == level) [[likely]] {
+    variables.mStackCalls = static_cast<Integer>(level - 1);
+  } else {
+    vbwProcOut(lProc);
+  }
 }
 
 // The text of a procedure's parameters: "(a, b) ", of empty items while no error is being handled; "()" without any.

@@ -28,7 +28,7 @@ class String {
     std::swap(mBody, other.mBody);
     return *this;
   }
-  ~String() {
+  [[gnu::always_inline]] ~String() {
     if (mBody && --mBody->owners == 0) delete mBody;
   }
 

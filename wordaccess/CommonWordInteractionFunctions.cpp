@@ -69,6 +69,7 @@ Boolean ViewingReadingLayout() {
 Integer WordVersion() {
   PROCEDURE(Integer, u"WordVersion[Get]");
   String version;
+  TextView number;
   Long separator = 0;
   REPORTS(version, separator);
   STEP(version = variables.mWord.Get("Version").ToText());
@@ -76,8 +77,9 @@ Integer WordVersion() {
   const Long comma = FindText(version, u",");
   // Where both separators stand in the text, the later one counts.
   separator = dot < comma ? comma : dot;
-  if (separator > 1) STEP(version = String(version.View().substr(0, static_cast<std::size_t>(separator - 1))));
-  STEP(here.result = RoundToInteger(NumberFromText(version)));
+  number = version;
+  if (separator > 1) number = number.substr(0, static_cast<std::size_t>(separator - 1));
+  STEP(here.result = RoundToInteger(NumberFromText(number)));
   return here.Leave();
 }
 
