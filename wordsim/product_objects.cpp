@@ -1,0 +1,87 @@
+#include "wordsim/product_objects.h"
+
+#include "wordsim/own_picture.h"
+
+namespace strandline::wordsim {
+
+namespace {
+
+constexpr Long kIconImage = 202;
+
+const String& WebsiteAddress() {
+  static const String kAddress = u"http://www.quillmere.example/";
+  return kAddress;
+}
+const String& DownloadUrl() {
+  static const String kAddress = u"http://www.quillmere.example/toolbar/";
+  return kAddress;
+}
+
+}  // namespace
+
+MemberTable TooltipObject::Members() const {
+  static constexpr Member kMembers[] = {
+      Method<&TooltipObject::BackgroundMember>("TooltipBackground", 1),
+      Method<&TooltipObject::ShowMember>("Show", 2, 2, true),
+      Method<&TooltipObject::HideMember>("Hide", 0, 0, true),
+      Writable<&TooltipObject::IconIndexMember>("TooltipIconIndex"),
+  };
+  return kMembers;
+}
+
+Variant TooltipObject::ShowMember(const Call& call) {
+  mOwner = call.Argument(0).ToLong();
+  mText = call.Argument(1).ToText();
+  mIsShown = true;
+  return {};
+}
+
+Variant TooltipObject::HideMember(const Call&) {
+  mIsShown = false;
+  return {};
+}
+
+Variant TooltipObject::IconIndexMember(const Call& call) {
+  if (!call.IsLet()) return mIconIndex;
+  mIconIndex = call.Value().ToLong();
+  return {};
+}
+
+// The window shows a text as it comes; nothing is added to it.
+Variant TooltipObject::BackgroundMember(const Call& call) { return call.Argument(0).ToText(); }
+
+ProductStateObject::ProductStateObject(Ref<ObjectUses> uses, const Platform& platform, const Settings& settings)
+    : SimObject(std::move(uses)),
+      mPlatform(platform),
+      mProductName(settings.productName),
+      mIsLumivexEnabled(settings.lumivexEnabled),
+      mHasIcon(settings.hasIcon) {}
+
+MemberTable ProductStateObject::Members() const {
+  static constexpr Member kMembers[] = {
+      Readable<&ProductStateObject::ProductNameMember>("productName"),
+      Writable<&ProductStateObject::LumivexEnabledMember>("lumivexEnabled"),
+      Readable<&ProductStateObject::IconMember>("icon"),
+      Readable<&ProductStateObject::WebsiteAddressMember>("WebsiteAddress"),
+      Readable<&ProductStateObject::DownloadUrlMember>("toolbarDownloadURL"),
+  };
+  return kMembers;
+}
+
+Variant ProductStateObject::ProductNameMember(const Call&) { return mProductName; }
+
+Variant ProductStateObject::LumivexEnabledMember(const Call& call) {
+  if (!call.IsLet()) return mIsLumivexEnabled;
+  mIsLumivexEnabled = call.Value().ToBoolean();
+  return {};
+}
+
+Variant ProductStateObject::IconMember(const Call&) {
+  if (mHasIcon && !mIcon) mIcon = LoadOwnPicture(mPlatform, kIconImage);
+  return mIcon ? Variant(mIcon) : Variant(Object());
+}
+
+Variant ProductStateObject::WebsiteAddressMember(const Call&) { return WebsiteAddress(); }
+Variant ProductStateObject::DownloadUrlMember(const Call&) { return DownloadUrl(); }
+
+}  // namespace strandline::wordsim

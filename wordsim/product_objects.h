@@ -1,0 +1,63 @@
+#pragma once
+
+// The product's tooltip and its state object.
+
+#include <string>
+
+#include "platform/platform.h"
+#include "wordsim/settings.h"
+#include "wordsim/sim_object.h"
+
+namespace strandline::wordsim {
+
+// The tooltip's own window isn't simulated; what it would show is remembered.
+class TooltipObject final : public SimObject {
+ public:
+  explicit TooltipObject(Ref<ObjectUses> uses) : SimObject(std::move(uses)) {}
+  bool IsShown() const { return mIsShown; }
+  const String& Text() const { return mText; }
+  Long Owner() const { return mOwner; }  // the document window that it belongs to
+  Long IconIndex() const { return mIconIndex; }
+
+ protected:
+  std::string ObjectName() const override { return "tooltip"; }
+  MemberTable Members() const override;
+
+ private:
+  Variant ShowMember(const Call& call);
+  Variant HideMember(const Call& call);
+  Variant IconIndexMember(const Call& call);
+  Variant BackgroundMember(const Call& call);
+
+  bool mIsShown = false;
+  Long mOwner = 0;
+  String mText;
+  Long mIconIndex = 0;
+};
+
+class ProductStateObject final : public SimObject {
+ public:
+  ProductStateObject(Ref<ObjectUses> uses, const Platform& platform, const Settings& settings);
+  void Rename(const String& name) { mProductName = name; }
+  void SetLumivex(bool enabled) { mIsLumivexEnabled = enabled; }
+  bool IsLumivexEnabled() const { return mIsLumivexEnabled; }
+
+ protected:
+  std::string ObjectName() const override { return "productState"; }
+  MemberTable Members() const override;
+
+ private:
+  Variant ProductNameMember(const Call& call);
+  Variant LumivexEnabledMember(const Call& call);
+  Variant IconMember(const Call& call);
+  Variant WebsiteAddressMember(const Call& call);
+  Variant DownloadUrlMember(const Call& call);
+
+  const Platform& mPlatform;
+  String mProductName;
+  bool mIsLumivexEnabled;
+  bool mHasIcon;
+  Picture mIcon;  // made when it is first asked for
+};
+
+}  // namespace strandline::wordsim
