@@ -1,0 +1,36 @@
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <filesystem>
+#include <vector>
+
+#include "tests/deskprogram/desk_runner.h"
+
+namespace strandline::deskprogram {
+namespace {
+
+std::vector<std::filesystem::path> TourScenes() {
+  std::vector<std::filesystem::path> scenes;
+  for (const auto& entry : std::filesystem::directory_iterator(STRANDLINE_SOURCE_DIR "/scenes/tour")) {
+    if (entry.path().extension() == ".scene") scenes.push_back(entry.path());
+  }
+  std::sort(scenes.begin(), scenes.end());
+  return scenes;
+}
+
+class Tour : public testing::TestWithParam<std::filesystem::path> {};
+
+TEST_P(Tour, HoldsAndIsTheSameInEachRun) {
+  DeskRunner runner;
+  const std::string words = "play '" + GetParam().string() + "' --out pictures";
+  const DeskRun run = runner.Run(words);
+  EXPECT_EQ(run.exitCode, 0) << run.errors;
+  EXPECT_EQ(run.errors, "");
+  EXPECT_TRUE(runner.Run(words).journal == run.journal);
+}
+
+INSTANTIATE_TEST_SUITE_P(Scenes, Tour, testing::ValuesIn(TourScenes()),
+                         [](const auto& scene) { return scene.param.stem().string(); });
+
+}  // namespace
+}  // namespace strandline::deskprogram
