@@ -8,7 +8,7 @@ namespace {
 
 // Each button is as wide as the picture that comes on it and three pixels to either side.
 constexpr ControlContent kProductControls[] = {
-    {u"%", 24},
+    {u"%", 72},
     {u"Apply % to this document", 38},
     {u"Insert Reference", 31},
     {u"Paste Reference", 31},

@@ -77,6 +77,22 @@ void PaintOutline(HostCanvas& canvas, Long hdc, const Rect& box, Long colour) {
   canvas.FillRectangle(hdc, {box.right - 1, box.top, box.right, box.bottom}, colour);
 }
 
+// A popup on the bar: its caption, as much of it as there is room for, and the arrow that tells what it is.
+void PaintPopup(HostCanvas& canvas, Long hdc, const Rect& place, const String& caption) {
+  constexpr Long kMargin = 5;
+  constexpr Long kArrow = 5;
+  const Long middle = (place.top + place.bottom) / 2;
+  const Long arrowLeft = place.right - kMargin - kArrow;
+  for (Long row = 0; row < 3; ++row) {
+    canvas.FillRectangle(hdc, {arrowLeft + row, middle - 1 + row, arrowLeft + kArrow - row, middle + row}, kBlack);
+  }
+  String text = caption;
+  while (!text.IsEmpty() && place.left + kMargin + canvas.TextWidth(text) > arrowLeft - 2) {
+    text = text.View().substr(0, text.View().size() - 1);
+  }
+  canvas.DrawTextLine(hdc, place.left + kMargin, middle - canvas.TextHeight() / 2, text, kBlack);
+}
+
 // The tools of the "Drawing" bar, by their place on it.
 void PaintTool(HostCanvas& canvas, Long hdc, const Rect& place, Long tool) {
   const Long x = place.left + (place.right - place.left - 14) / 2;
@@ -126,8 +142,9 @@ void PaintControl(HostCanvas& canvas, Long hdc, const CommandBar& bar, const Bar
     canvas.DrawBitmap(hdc, place, face->Handle(), kFaceKey);
     return;
   }
-  if (bar.Kind() != BarKind::kDrawing) return;
   const Long position = control.PositionInOwner();
+  if (bar.Kind() == BarKind::kProduct && position == 1) return PaintPopup(canvas, hdc, place, control.Caption());
+  if (bar.Kind() != BarKind::kDrawing) return;
   if (position > 1) return PaintTool(canvas, hdc, place, position);
   canvas.DrawTextLine(hdc, place.left + 4, place.top + (place.bottom - place.top - canvas.TextHeight()) / 2, u"Draw",
                       kBlack);

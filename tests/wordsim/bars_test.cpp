@@ -271,8 +271,8 @@ TEST_F(BarsTest, ShrunkControls_MakeASmallBar) {
   }
   const Rect bar = RectOf(World().ActiveBarWindow());
   EXPECT_EQ(bar.bottom - bar.top, 28);
-  EXPECT_EQ(bar.right - bar.left, 8 + 24 + 14 * 22 + 3);
-  EXPECT_EQ(Control(15).Get("Left").ToLong(), bar.left + 8 + 24 + 13 * 22);
+  EXPECT_EQ(bar.right - bar.left, 8 + 72 + 14 * 22 + 3);
+  EXPECT_EQ(Control(15).Get("Left").ToLong(), bar.left + 8 + 72 + 13 * 22);
 }
 
 TEST_F(BarsTest, ADeletedControl_IsGone_AndTheOthersMoveUp) {
