@@ -25,6 +25,9 @@ constexpr Long kBottomOfWindow = 3;
 constexpr Long kLastRow = -1;
 constexpr Long kFarRight = 999;
 
+// Either file name, whatever Word's version.
+Boolean IsProductTemplate(const String& name) { return name == u"Quillmere.dot" || name == u"Quillmere.dotm"; }
+
 }  // namespace
 
 void Main2::ProductNameChanged() {
@@ -91,7 +94,7 @@ void Main2::PreventQueryToSaveTemplate() {
   REPORTS(item);
   CONDITION(more, walk.First(CommonWordInteractionFunctions::Templates(), item));
   while (more) {
-    CONDITION(isOurs, item.Get("name").ToText() == u"Quillmere.dot" || item.Get("name").ToText() == u"Quillmere.dotm");
+    CONDITION(isOurs, IsProductTemplate(item.Get("name").ToText()));
     if (isOurs) STEP(item.Let("Saved", true));
     more = false;
     STEP(more = walk.Next(item));

@@ -104,7 +104,7 @@ Long vbwErrorHandler(Long errNumber, const String& ErrDescription, const String&
                                     Variant::ByRef(line), Variant::ByRef(variables.mStackCalls), Variant::ByRef(names))
                               .ToLong());
     if (here.result == kIgnoreAlways) {
-      ATTEMPT(answered, variables.StrRememberErrors = Concat({variables.StrRememberErrors, variables.strLastError}));
+      ATTEMPT(answered, StrRememberErrors = Concat({StrRememberErrors, strLastError}));
       here.result = kIgnore;
     }
   }
