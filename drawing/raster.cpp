@@ -36,10 +36,11 @@ class Surface {
 // the rest away from a copy of the source, and the two halves are joined.
 void ComposeByMasks(Long dstDC, Integer dstx, Integer dsty, Integer cx, Integer cy, Long srcDC, Long left, Long top) {
   Graphics& g = platform::Graphics();
-  Surface monoMask(g, g.CreateCompatibleDC(dstDC), g.CreateBitmap(cx, cy, 1, 1));
-  Surface monoInv(g, g.CreateCompatibleDC(dstDC), g.CreateBitmap(cx, cy, 1, 1));
-  Surface resultDst(g, g.CreateCompatibleDC(dstDC), g.CreateCompatibleBitmap(dstDC, cx, cy));
-  Surface resultSrc(g, g.CreateCompatibleDC(dstDC), g.CreateCompatibleBitmap(dstDC, cx, cy));
+  // In braces each context is made before its bitmap, whichever compiler it is.
+  Surface monoMask{g, g.CreateCompatibleDC(dstDC), g.CreateBitmap(cx, cy, 1, 1)};
+  Surface monoInv{g, g.CreateCompatibleDC(dstDC), g.CreateBitmap(cx, cy, 1, 1)};
+  Surface resultDst{g, g.CreateCompatibleDC(dstDC), g.CreateCompatibleBitmap(dstDC, cx, cy)};
+  Surface resultSrc{g, g.CreateCompatibleDC(dstDC), g.CreateCompatibleBitmap(dstDC, cx, cy)};
 
   const Long oldColor = g.SetBkColor(srcDC, kColorKey);
   g.BitBlt(monoMask.Hdc(), 0, 0, cx, cy, srcDC, left, top, rop::kSrcCopy);

@@ -79,7 +79,7 @@ Boolean alwaysIgnore(const String& StrRememberErrors, const String& strLastError
 Long vbwErrorHandler(Long errNumber, const String& ErrDescription, const String& ErrProject, const String& ErrSource,
                      const String& ErrProcedure, Long errLine) {
   PROCEDURE(Long, u"vbwErrorHandler", errNumber, ErrDescription, ErrProject, ErrSource, ErrProcedure, errLine);
-  const String& StrRememberErrors = variables.StrRememberErrors;
+  String& StrRememberErrors = variables.StrRememberErrors;
   const String& strLastError = variables.strLastError;
   REPORTS(StrRememberErrors, strLastError);
   if (errNumber != kAfterDump) variables.strLastError = hash(ErrSource, errNumber, errLine);
