@@ -1,0 +1,13 @@
+#pragma once
+
+#include "platform/components.h"
+
+namespace strandline::win32 {
+
+// Registered components, made in this process or another one.
+class Win32Components final : public Components {
+ public:
+  Object CreateObject(const String& progId) override;
+};
+
+}  // namespace strandline::win32
