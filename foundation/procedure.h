@@ -89,6 +89,12 @@ class Frame {
       mLevel = vbwProtector::vbwProcIn(name);
     }
   }
+  // For the one procedure that can't announce itself.
+  struct Uncounted {};
+  template <class Parameters>
+  Frame(const ProcedureName& name, const Parameters& parameters, Uncounted)
+      : mName(name), mParameters(&parameters), mReportParameters(&CallReports<Parameters>) {}
+
   [[gnu::always_inline]] inline ~Frame() {
     if (mLevel != 0) vbwProtector::vbwProcOut(mName, mLevel);
   }
@@ -139,6 +145,11 @@ class Procedure : public Frame {
 
 template <>
 class Procedure<void> : public Frame {
+ protected:
+  template <class Parameters>
+  Procedure(const ProcedureName& name, const Parameters& parameters, Uncounted uncounted)
+      : Frame(name, parameters, uncounted) {}
+
  public:
   template <class Parameters>
   [[gnu::always_inline]] inline Procedure(const ProcedureName& name, const Parameters& parameters)

@@ -1,6 +1,7 @@
 #include "foundation/vbwProtector.h"
 
 #include "foundation/procedure.h"
+#include "platform/convert.h"
 #include "platform/platform.h"
 
 namespace strandline::vbwProtector {
@@ -27,12 +28,15 @@ Array<String> StackNames() {
   return names;
 }
 
+// Held while it is called: what it calls back may end in an error of its own, which lets go of it.
+Object Component() { return variables.mErrorParams; }
+
 void CreateErrorComponent() {
   variables.mErrorParams = platform::Components().CreateObject(u"QuillmereError.Main2");
-  variables.mErrorParams.Call("vbwInitializeProtector", Variant::ByRef(variables.vbwCatchException),
-                              Variant::ByRef(variables.vbwTraceLine), Variant::ByRef(variables.mOldTraceProc),
-                              Variant::ByRef(variables.vbwCallStack), Variant::ByRef(variables.vbwSystemInfo),
-                              Variant::ByRef(variables.vbwScreenshot));
+  Component().Call("vbwInitializeProtector", Variant::ByRef(variables.vbwCatchException),
+                   Variant::ByRef(variables.vbwTraceLine), Variant::ByRef(variables.mOldTraceProc),
+                   Variant::ByRef(variables.vbwCallStack), Variant::ByRef(variables.vbwSystemInfo),
+                   Variant::ByRef(variables.vbwScreenshot));
 }
 
 }  // namespace
@@ -51,14 +55,32 @@ void vbwInitializeProtector() {
   if (variables.vbwCallStack) variables.vbwTraceProc = true;
 }
 
+namespace {
+
+// The frame of vbwProcIn itself, which can't announce itself to vbwProcIn.
+class UncountedFrame final : public Procedure<void> {
+ public:
+  template <class Parameters>
+  UncountedFrame(const ProcedureName& name, const Parameters& parameters)
+      : Procedure<void>(name, parameters, Uncounted{}) {}
+};
+
+void AddToAFullCount(const String& lProc, const String& lParameters) {
+  static constexpr ProcedureName name{&kModule, u"vbwProcIn"};
+  const auto parameters = STRANDLINE_REPORT(lProc, lParameters);
+  UncountedFrame here(name, parameters);
+  STEP(variables.mStackCalls = ToInteger(variables.mStackCalls + 1));
+}
+
+}  // namespace
+
 // The component's own question about this overflow pushes names too; those are dropped in silence, or there would be no
 // end of it.
-void vbwProcInOverflows() {
+void vbwProcInOverflows(const ProcedureName& lProc) {
   static Boolean asking = false;
   if (asking) return;
   asking = true;
-  vbwErrorHandler(errors::kOverflow, ErrorDescription(errors::kOverflow), u"Strandline", kModuleInfo.name, u"vbwProcIn",
-                  __LINE__);
+  AddToAFullCount(lProc.TraceName(), String());
   asking = false;
 }
 
@@ -82,7 +104,7 @@ Long vbwErrorHandler(Long errNumber, const String& ErrDescription, const String&
   String& StrRememberErrors = variables.StrRememberErrors;
   const String& strLastError = variables.strLastError;
   REPORTS(StrRememberErrors, strLastError);
-  if (errNumber != kAfterDump) variables.strLastError = hash(ErrSource, errNumber, errLine);
+  if (errNumber != kAfterDump) STEP(variables.strLastError = hash(ErrSource, errNumber, errLine));
   if (alwaysIgnore(variables.StrRememberErrors, variables.strLastError)) {
     variables.mErrorParams = nullptr;
     return here.result = kIgnore;
@@ -98,7 +120,7 @@ Long vbwErrorHandler(Long errNumber, const String& ErrDescription, const String&
     if (variables.mErrorParams.IsNothing()) ATTEMPT(answered, CreateErrorComponent());
     ATTEMPT(answered, names = StackNames());
     ATTEMPT(answered,
-            here.result = variables.mErrorParams
+            here.result = Component()
                               .Call("vbwErrorHandler", Variant::ByRef(number), Variant::ByRef(description),
                                     Variant::ByRef(project), Variant::ByRef(source), Variant::ByRef(procedure),
                                     Variant::ByRef(line), Variant::ByRef(variables.mStackCalls), Variant::ByRef(names))
@@ -117,7 +139,7 @@ answered:
 void vbwExitThread() {
   PROCEDURE(void, u"vbwExitThread");
   here.IgnoreErrors();
-  STEP(variables.mErrorParams.Call("vbwExitThread"));
+  STEP(Component().Call("vbwExitThread"));
   variables.mErrorParams = nullptr;
 }
 
@@ -125,7 +147,7 @@ String vbwReportParameter(const String& lName, const Variant& lValue) {
   PROCEDURE(String, u"vbwReportParameter", lName, lValue);
   here.IgnoreErrors();
   if (variables.mErrorParams.IsNothing()) return here.Leave();
-  STEP(here.result = variables.mErrorParams.Call("vbwReportParameter", lName, lValue).ToText());
+  STEP(here.result = Component().Call("vbwReportParameter", lName, lValue).ToText());
   return here.Leave();
 }
 
@@ -133,27 +155,27 @@ void vbwReportVariable(const String& lName, const Variant& lValue, Long lTab) {
   PROCEDURE(void, u"vbwReportVariable", lName, lValue, lTab);
   here.IgnoreErrors();
   if (variables.mErrorParams.IsNothing()) return;
-  STEP(variables.mErrorParams.Call("vbwReportVariable", lName, lValue, lTab));
+  STEP(Component().Call("vbwReportVariable", lName, lValue, lTab));
 }
 
 void vbwReportObject(const String& lName, Long lTab, const Object& lObject) {
   PROCEDURE(void, u"vbwReportObject", lName, lTab, lObject);
-  STEP(variables.mErrorParams.Call("vbwReportObject", lName, lTab, lObject));
+  STEP(Component().Call("vbwReportObject", lName, lTab, lObject));
 }
 
 void vbwReportToFile(const String& text) {
   PROCEDURE(void, u"vbwReportToFile", text);
-  STEP(variables.mErrorParams.Call("vbwReportToFile", text));
+  STEP(Component().Call("vbwReportToFile", text));
 }
 
 void vbwOpenDumpFile() {
   PROCEDURE(void, u"vbwOpenDumpFile");
-  STEP(variables.mErrorParams.Call("vbwOpenDumpFile"));
+  STEP(Component().Call("vbwOpenDumpFile"));
 }
 
 void vbwCloseDumpFile() {
   PROCEDURE(void, u"vbwCloseDumpFile");
-  STEP(variables.mErrorParams.Call("vbwCloseDumpFile"));
+  STEP(Component().Call("vbwCloseDumpFile"));
 }
 
 namespace {

@@ -85,14 +85,14 @@ inline constexpr Long kAfterDump = -1;
 // The start routine: reads the trace switch and sizes the stack.
 void vbwInitializeProtector();
 
-void vbwProcInOverflows();
+void vbwProcInOverflows(const ProcedureName& lProc);
 
 // Beyond 64 levels the count goes on and the name is lost, so that a deep recursion costs no error. The text of the
 // parameters is accepted and not kept. Returns the new count.
 [[gnu::always_inline]] inline Integer vbwProcIn(const ProcedureName& lProc) {
   const Integer former = variables.mStackCalls;
   if (former == kMostCalls) [[unlikely]] {
-    vbwProcInOverflows();
+    vbwProcInOverflows(lProc);
     return former;
   }
   const Integer level = static_cast<Integer>(former + 1);

@@ -32,19 +32,19 @@ class HostWindows {
                               WindowProcedure* procedure) = 0;
   // With its children; timers and invalid regions go with it. Each gets WM_DESTROY (2).
   virtual void DestroyWindow(Long hwnd) = 0;
-  virtual void SetWindowText(Long hwnd, const String& title) = 0;
+  virtual void SetTitle(Long hwnd, const String& title) = 0;
   // Screen pixels; children move along. A change of size sends WM_SIZE (5) and invalidates the window.
   virtual void MoveWindow(Long hwnd, const Rect& bounds) = 0;
   virtual void BringWindowToTop(Long hwnd) = 0;
   // Makes the window the thread's active one and brings it to the front; 0: none of ours is active (another program's).
   virtual void ActivateWindow(Long hwnd) = 0;
   virtual void InvalidateWindow(Long hwnd) = 0;
-  virtual void PostMessage(Long hwnd, Long message, Long wParam, Long lParam) = 0;
+  virtual void Post(Long hwnd, Long message, Long wParam, Long lParam) = 0;
   virtual void PostQuitMessage() = 0;
   // Sends WM_CAPTURECHANGED (533) with the new window in lParam to the window that loses the capture.
   virtual void SetCapture(Long hwnd) = 0;
   // What a window does with a message that it doesn't handle; a WM_PAINT validates.
-  virtual Long DefWindowProc(Long hwnd, Long message, Long wParam, Long lParam) = 0;
+  virtual Long DefaultProcedure(Long hwnd, Long message, Long wParam, Long lParam) = 0;
   // Moves the pointer on the screen, without a message.
   virtual void PlacePointer(Point screen) = 0;
   // Another program's window covers the whole screen and takes activation and foreground; and goes again.

@@ -105,6 +105,7 @@ String LowerCase(TextView text) {
 }
 
 Long FindText(TextView text, TextView sought) {
+  if (text.empty()) return 0;
   for (std::size_t at = 0; at + sought.size() <= text.size(); ++at) {
     if (SameText(text.substr(at, sought.size()), sought)) return static_cast<Long>(at + 1);
   }

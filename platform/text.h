@@ -64,7 +64,8 @@ char16_t UpperCase(char16_t c);
 char16_t LowerCase(char16_t c);
 String LowerCase(TextView text);
 
-// The position (1-based) of the first `sought` in `text`, letters compared without case; 0 when absent.
+// The position (1-based) of the first `sought` in `text`, letters compared without case; 0 when absent. The empty
+// text stands at 1 in every text but the empty one.
 Long FindText(TextView text, TextView sought);
 bool SameText(TextView a, TextView b);
 

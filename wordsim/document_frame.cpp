@@ -76,7 +76,7 @@ void DocumentFrame::MakeDocks() {
 void DocumentFrame::SetDocumentName(const String& name) {
   mDocumentName = name;
   const TextView program = mIsOutlook ? u"Message" : u"Microsoft Word";
-  mServices.host.SetWindowText(mTop, name.IsEmpty() ? String(program) : Concat({name, u" - ", program}));
+  mServices.host.SetTitle(mTop, name.IsEmpty() ? String(program) : Concat({name, u" - ", program}));
   Repaint();
 }
 
@@ -249,7 +249,7 @@ Long DocumentFrame::OnMessage(Long hwnd, Long message, Long wParam, Long lParam)
   }
   if (message == kEraseBackground) return 1;
   if (message == wm::kSize && hwnd == mTop) Arrange();
-  return mServices.host.DefWindowProc(hwnd, message, wParam, lParam);
+  return mServices.host.DefaultProcedure(hwnd, message, wParam, lParam);
 }
 
 void DocumentFrame::Paint(Long hwnd, Long hdc) const {

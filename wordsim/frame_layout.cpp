@@ -36,7 +36,7 @@ void DocumentFrame::ShowBars() {
     if (!slot.hwnd) continue;
     // Floating bars are found by their title alone: only the active window's has one.
     if (slot.position == BarPosition::kFloating) {
-      mServices.host.SetWindowText(slot.hwnd, mIsActive ? slot.bar->Name() : String());
+      mServices.host.SetTitle(slot.hwnd, mIsActive ? slot.bar->Name() : String());
     }
     const bool show = slot.bar->IsVisible() && mayShow;
     if (show == slot.isShown) continue;

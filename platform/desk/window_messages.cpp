@@ -65,11 +65,11 @@ Long WindowSystem::SendMessageA(Long hwnd, Long message, Long wParam, Long lPara
 Long WindowSystem::CallProcedure(Long hwnd, Long message, Long wParam, Long lParam) {
   const Window* const window = mTree.Find(hwnd);
   if (window == nullptr) return 0;
-  if (window->procedure == nullptr) return DefWindowProc(hwnd, message, wParam, lParam);
+  if (window->procedure == nullptr) return DefaultProcedure(hwnd, message, wParam, lParam);
   return window->procedure->OnMessage(hwnd, message, wParam, lParam);
 }
 
-Long WindowSystem::DefWindowProc(Long hwnd, Long message, Long, Long) {
+Long WindowSystem::DefaultProcedure(Long hwnd, Long message, Long, Long) {
   if (message == wm::kPaint) Validate(hwnd);
   return 0;
 }
@@ -78,7 +78,7 @@ Message WindowSystem::NewMessage(Long hwnd, Long message, Long wParam, Long lPar
   return {hwnd, message, wParam, lParam, static_cast<Long>(mClock.Now()), mPointer};
 }
 
-void WindowSystem::PostMessage(Long hwnd, Long message, Long wParam, Long lParam) {
+void WindowSystem::Post(Long hwnd, Long message, Long wParam, Long lParam) {
   if (hwnd == 0 || IsWindow(hwnd)) mQueue.Post(NewMessage(hwnd, message, wParam, lParam));
 }
 
@@ -182,9 +182,7 @@ Long WindowSystem::GetMessageA(Message& message) {
       CountAgainstStorm();
       return message.message != wm::kQuit;
     }
-    if (!MoveToNextEvent(kForever)) {
-      ThrowStuck("GetMessageA", " waits, and no timer, message or scheduled work will ever come");
-    }
+    PassTimeFor("GetMessageA");
   }
 }
 
@@ -192,18 +190,29 @@ void WindowSystem::DoEvents() { Pump(); }
 
 void WindowSystem::DoEventsUntilNext() {
   if (Pump()) return;
-  if (!MoveToNextEvent(kForever)) {
-    ThrowStuck("DoEventsUntilNext", " waits, and no timer, message or scheduled work will ever come");
-  }
+  PassTimeFor("DoEventsUntilNext");
   Pump();
 }
 
+// A wait that only the waiting side's own timers keep alive is over after an hour: nothing that they bring is new.
+void WindowSystem::PassTimeFor(const char* waiter) {
+  const std::int64_t before = mClock.Now();
+  const bool hasWork = mClock.NextDue().has_value();
+  if (!MoveToNextEvent(kForever)) ThrowStuck(waiter, " waits, and no timer, message or scheduled work will ever come");
+  mAlone = hasWork ? 0 : mAlone + mClock.Now() - before;
+  if (mAlone > kLongestAlone) {
+    ThrowStuck(waiter, " has waited for an hour in which only timers ran, and no scheduled work will ever come");
+  }
+}
+
 void WindowSystem::After(std::int64_t milliseconds, std::function<void()> work) {
+  mAlone = 0;
   mClock.After(milliseconds, std::move(work));
 }
 
 void WindowSystem::Wait(std::int64_t milliseconds) {
   const std::int64_t end = Later(mClock.Now(), milliseconds);
+  mAlone = 0;
   do {
     Pump();
   } while (MoveToNextEvent(end));

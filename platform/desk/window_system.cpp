@@ -158,7 +158,7 @@ void WindowSystem::LetGo(const Window& window) {
   }
 }
 
-void WindowSystem::SetWindowText(Long hwnd, const String& title) {
+void WindowSystem::SetTitle(Long hwnd, const String& title) {
   if (Window* const window = mTree.Find(hwnd)) window->title = title;
 }
 

@@ -36,6 +36,7 @@ class WindowSystem final : public Windows, public HostWindows, public HostClock,
   // So are so many messages and pieces of work at one instant, and sent messages nested so deep.
   static constexpr int kMessageStorm = 1'000'000;
   static constexpr int kDeepestNesting = 200;
+  static constexpr std::int64_t kLongestAlone = 60 * 60 * 1000;  // milliseconds
 
   explicit WindowSystem(int screenWidth = 1024, int screenHeight = 768);
   ~WindowSystem() override;
@@ -78,15 +79,15 @@ class WindowSystem final : public Windows, public HostWindows, public HostClock,
   Long CreateWindowOf(const String& className, const String& title, Long parent, const Rect& bounds,
                       WindowProcedure* procedure) override;
   void DestroyWindow(Long hwnd) override;
-  void SetWindowText(Long hwnd, const String& title) override;
+  void SetTitle(Long hwnd, const String& title) override;
   void MoveWindow(Long hwnd, const Rect& bounds) override;
   void BringWindowToTop(Long hwnd) override;
   void ActivateWindow(Long hwnd) override;
   void InvalidateWindow(Long hwnd) override;
-  void PostMessage(Long hwnd, Long message, Long wParam, Long lParam) override;
+  void Post(Long hwnd, Long message, Long wParam, Long lParam) override;
   void PostQuitMessage() override { mQueue.PostQuit(); }
   void SetCapture(Long hwnd) override;
-  Long DefWindowProc(Long hwnd, Long message, Long wParam, Long lParam) override;
+  Long DefaultProcedure(Long hwnd, Long message, Long wParam, Long lParam) override;
   void PlacePointer(Point screen) override { mPointer = screen; }
   void CoverScreen(bool covered) override;
 
@@ -144,6 +145,7 @@ class WindowSystem final : public Windows, public HostWindows, public HostClock,
   bool RunDueWork();
   bool Pump();
   bool MoveToNextEvent(std::int64_t end);
+  void PassTimeFor(const char* waiter);
   void MoveClock(std::int64_t time);
   void CountAgainstStorm();
   Long CookieOf(TimerProc procedure);
@@ -155,7 +157,8 @@ class WindowSystem final : public Windows, public HostWindows, public HostClock,
   std::shared_ptr<HookTable> mHooks;
   std::vector<TimerProc> mTimerProcs;  // a tick carries its procedure as a number
   Point mPointer;
-  Long mMouseKeys = 0;  // MK_ flags, as far as input has told
+  std::int64_t mAlone = 0;  // milliseconds of waiting in which nothing but timers can have come
+  Long mMouseKeys = 0;      // MK_ flags, as far as input has told
   Long mCapture = 0;
   Long mActive = 0;
   Long mLastActive = 0;  // the last one of ours, also while another program is active

@@ -18,7 +18,7 @@ class Painted final : public WindowProcedure {
  public:
   Painted(Desk& desk, Long color) : mDesk(desk), mColor(color) {}
   Long OnMessage(Long hwnd, Long message, Long wParam, Long lParam) override {
-    if (message != wm::kPaint) return mDesk.Host().DefWindowProc(hwnd, message, wParam, lParam);
+    if (message != wm::kPaint) return mDesk.Host().DefaultProcedure(hwnd, message, wParam, lParam);
     PaintStruct paint;
     const Long hdc = mDesk.Graphics().BeginPaint(hwnd, paint);
     mDesk.Canvas().FillRectangle(hdc, paint.rcPaint, mColor);

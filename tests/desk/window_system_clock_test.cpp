@@ -21,7 +21,7 @@ class WindowSystem_Clock : public WindowSystemTest {
   void NoteTimes() {
     handler = [this](Long hwnd, Long message, Long wParam, Long lParam) {
       log.pop_back();
-      if (message == wm::kPaint) return system.DefWindowProc(hwnd, message, wParam, lParam);
+      if (message == wm::kPaint) return system.DefaultProcedure(hwnd, message, wParam, lParam);
       Note(Now() + NameOf(hwnd) + " " + std::to_string(message) + " " + std::to_string(wParam));
       return 0;
     };
@@ -162,7 +162,7 @@ TEST_F(WindowSystem_Clock, DoEventsUntilNextMovesOnlyWhereNothingWaits) {
   Settle();
   NoteTimes();
   system.SetTimer(hwnd, 3, 500, nullptr);
-  system.PostMessage(hwnd, 1024, 0, 0);
+  system.Post(hwnd, 1024, 0, 0);
   system.DoEventsUntilNext();
   EXPECT_EQ(log, (Log{"0: w 1024 0"}));
   system.DoEventsUntilNext();

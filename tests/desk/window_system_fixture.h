@@ -40,7 +40,7 @@ class WindowSystemTest : public testing::Test, public WindowProcedure {
   Long OnMessage(Long hwnd, Long message, Long wParam, Long lParam) override {
     Note(NameOf(hwnd) + " " + std::to_string(message) + " " + std::to_string(wParam) + " " + std::to_string(lParam));
     if (handler) return handler(hwnd, message, wParam, lParam);
-    return system.DefWindowProc(hwnd, message, wParam, lParam);
+    return system.DefaultProcedure(hwnd, message, wParam, lParam);
   }
 
   using Log = std::vector<std::string>;

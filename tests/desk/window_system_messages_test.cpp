@@ -43,9 +43,9 @@ TEST_F(WindowSystem_Messages, ComeByRank) {
     system.PostQuitMessage();
     system.PostInput(hwnd, wm::kLButtonDown, 1, 0);
     system.PostInput(hwnd, wm::kLButtonUp, 0, 0);
-    system.PostMessage(hwnd, kUser, 1, 0);
-    system.PostMessage(hwnd, kUser, 2, 0);
-    system.After(0, [&] { system.PostMessage(hwnd, kUser, 3, 0); });
+    system.Post(hwnd, kUser, 1, 0);
+    system.Post(hwnd, kUser, 2, 0);
+    system.After(0, [&] { system.Post(hwnd, kUser, 3, 0); });
   });
   EXPECT_EQ(Loop(100), (Log{"w 1024 1", "w 1024 2", "w 1024 3", " 18 0"})) << "the quit ends the loop";
   EXPECT_EQ(Loop(4), (Log{"w 513 1", "w 514 0", "w 15 0", "w 275 9"})) << "the quit was used up";
@@ -56,7 +56,7 @@ TEST_F(WindowSystem_Messages, AMessageTellsTimeAndPointer) {
   Settle();
   system.Wait(77);
   system.PlacePointer({3, 4});
-  system.PostMessage(hwnd, kUser, 1, 2);
+  system.Post(hwnd, kUser, 1, 2);
   Message message;
   EXPECT_EQ(system.GetMessageA(message), 1);
   EXPECT_EQ(message.hwnd, hwnd);
@@ -70,13 +70,13 @@ TEST_F(WindowSystem_Messages, DoEventsRunsWhatIsReadyAndLeavesTheQuit) {
   Settle();
   system.SetTimer(hwnd, 1, 10, nullptr);
   system.PostQuitMessage();
-  system.PostMessage(hwnd, kUser, 1, 0);
+  system.Post(hwnd, kUser, 1, 0);
   system.InvalidateWindow(hwnd);
   bool worked = false;
   system.After(0, [&] { worked = true; });
   handler = [&](Long target, Long message, Long wParam, Long lParam) {
-    if (message == kUser && wParam == 1) system.PostMessage(target, kUser, 2, 0);
-    return system.DefWindowProc(target, message, wParam, lParam);
+    if (message == kUser && wParam == 1) system.Post(target, kUser, 2, 0);
+    return system.DefaultProcedure(target, message, wParam, lParam);
   };
   system.DoEvents();
   EXPECT_TRUE(worked);
@@ -90,10 +90,10 @@ TEST_F(WindowSystem_Messages, MessagesForAWindowThatIsGoneAreLost) {
   const Long gone = Open(u"gone");
   const Long there = Open(u"there");
   Settle();
-  system.PostMessage(gone, kUser, 1, 0);
+  system.Post(gone, kUser, 1, 0);
   system.PostInput(gone, wm::kMouseMove, 0, 0);
-  system.PostMessage(there, kUser, 2, 0);
-  system.PostMessage(0, kUser, 3, 0);
+  system.Post(there, kUser, 2, 0);
+  system.Post(0, kUser, 3, 0);
   system.DestroyWindow(gone);
   log.clear();
   EXPECT_EQ(Loop(2), (Log{"there 1024 2", " 1024 3"}));
@@ -114,7 +114,7 @@ TEST_F(WindowSystem_Messages, AWindowMayGoWhileItHandlesAMessage) {
 TEST_F(WindowSystem_Messages, TheQueueHasAnEnd) {
   const Long hwnd = Open(u"w");
   Settle();
-  for (Long i = 0; i < 20'000; ++i) system.PostMessage(hwnd, kUser, i, 0);
+  for (Long i = 0; i < 20'000; ++i) system.Post(hwnd, kUser, i, 0);
   system.DoEvents();
   EXPECT_EQ(log.size(), MessageQueue::kLongest);
   EXPECT_EQ(log.back(), "w 1024 9999 0") << "those beyond are lost, not those before";
@@ -152,7 +152,7 @@ TEST_F(WindowSystem_Messages, APaintIsAskedForAgainUntilItValidates) {
   Open(u"w");
   int ignored = 3;
   handler = [&](Long hwnd, Long message, Long wParam, Long lParam) {
-    return ignored-- > 0 ? 0 : system.DefWindowProc(hwnd, message, wParam, lParam);
+    return ignored-- > 0 ? 0 : system.DefaultProcedure(hwnd, message, wParam, lParam);
   };
   system.DoEvents();
   EXPECT_EQ(log.size(), 4u);
@@ -179,10 +179,10 @@ TEST_F(WindowSystem_Messages, MessagesWithoutEndAreStuck) {
   Settle();
   handler = [&](Long target, Long message, Long, Long) {
     log.clear();
-    system.PostMessage(target, message, 0, 0);
+    system.Post(target, message, 0, 0);
     return 0;
   };
-  system.PostMessage(hwnd, kUser, 0, 0);
+  system.Post(hwnd, kUser, 0, 0);
   EXPECT_THROW(system.DoEvents(), Stuck);
 }
 

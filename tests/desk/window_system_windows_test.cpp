@@ -61,7 +61,7 @@ TEST_F(WindowSystem_Windows, TheTitleEndsBeforeTheLimit) {
     const char16_t* text;
   } rows[] = {{100, u"title"}, {6, u"title"}, {5, u"titl"}, {2, u"t"}, {1, u""}, {0, u""}, {-7, u""}};
   for (const auto& row : rows) EXPECT_EQ(system.GetWindowTextA(hwnd, row.limit), row.text) << row.limit;
-  system.SetWindowText(hwnd, u"other");
+  system.SetTitle(hwnd, u"other");
   EXPECT_EQ(system.GetWindowTextA(hwnd, 100), u"other");
 }
 
@@ -168,7 +168,7 @@ TEST_F(WindowSystem_Windows, WhatIsNoWindowGivesFailure) {
     system.MoveWindow(hwnd, {});
     system.InvalidateWindow(hwnd);
     system.BringWindowToTop(hwnd);
-    system.SetWindowText(hwnd, u"x");
+    system.SetTitle(hwnd, u"x");
     system.Validate(hwnd);
     if (hwnd == 0) continue;
     EXPECT_EQ(system.CreateWindowOf(u"Test", u"child", hwnd, {}, nullptr), 0);

@@ -62,7 +62,7 @@ class WaitTest : public FoundationTest, public WindowProcedure {
   void At(std::int64_t milliseconds, std::function<void()> work) {
     desk.Clock().After(milliseconds - Now(), [this, work = std::move(work)] {
       mWork.push_back(work);
-      desk.Host().PostMessage(hwnd, kUser, static_cast<Long>(mWork.size() - 1), 0);
+      desk.Host().Post(hwnd, kUser, static_cast<Long>(mWork.size() - 1), 0);
     });
   }
   Long OnMessage(Long, Long message, Long wParam, Long) override {
