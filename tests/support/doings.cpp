@@ -42,10 +42,11 @@ bool Doings::Has(const std::string& text) const {
 
 void Doings::Add(Kind kind, std::string text) {
   mLines.push_back({kind, std::move(text)});
-  if (during) {
-    const Line line = mLines.back();
-    during(line);
-  }
+  if (!during) return;
+  // Whoever is called may put another in its place, or clear the lines.
+  const auto listener = during;
+  const Line line = mLines.back();
+  listener(line);
 }
 
 std::string Doings::Window(Long hwnd) const { return NameOr(mNames.window, hwnd); }
