@@ -160,7 +160,7 @@ Boolean Main2::ToolbarExists(Long& out_ParentHwnd) {
 void Main2::AddListener(Long hwnd) {
   METHOD(void, u"AddListener", hwnd);
   Ref<Toolbar> toolbar;
-  REPORTS(Variant(toolbar));
+  REPORTS(toolbar);
   STEP(Log(Joined(u"AddListener for ", CommonWordInteractionFunctions::ActiveDocument().Get("name").ToText(), u" (",
                   Hex{hwnd}, u")")));
   STEP(toolbar = New<Toolbar>());

@@ -31,10 +31,14 @@ Ref<Toolbar> Main2::Toolbars(Long hwnd) {
 
 void Main2::RemoveToolbarImpl(Long hwnd) {
   METHOD(void, u"RemoveToolbarImpl", hwnd);
+  Ref<Toolbar> toolbar;
+  REPORTS(toolbar);
   Log(Joined(u"Remove Toolbar (", Hex{hwnd}, u")"), CommonLogger::kNoteworthy);
   CONDITION(exists, Required(mToolbars).Exists(hwnd));
   if (!exists) return;
-  STEP(Required(Toolbars(hwnd)).Terminate());
+  // An Empty item has been reported by then; it has nothing to end and goes all the same.
+  toolbar = Toolbars(hwnd);
+  if (toolbar) toolbar->Terminate();
   STEP(Required(mToolbars).Remove(hwnd));
   STEP(Log(Joined(u"Removed toolbar, the remaining count ", Required(mToolbars).Count())));
 }

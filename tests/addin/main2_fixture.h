@@ -1,0 +1,100 @@
+#pragma once
+
+// A started library in a world, and a look at Main2's registry.
+
+#include <gtest/gtest.h>
+
+#include <memory>
+
+#include "tests/support/main2_access.h"
+#include "tests/support/variables.h"
+#include "tests/support/world.h"
+
+namespace strandline {
+
+class Main2Test : public testing::Test {
+ protected:
+  using Inside = Main2Access;
+
+  // Begins another world with this Word, and starts the library in it.
+  World& Begin(const WorldOptions& options) {
+    Prepare(options);
+    mWorld->Start();
+    mWorld->did.Clear();
+    return *mWorld;
+  }
+  World& Begin(const char16_t* version) { return Begin(ForWord(version)); }
+  // The same without the start.
+  World& Prepare(const WorldOptions& options) {
+    mWorld.reset();
+    mWorld = std::make_unique<World>(options);
+    return *mWorld;
+  }
+  World& TheWorld() { return mWorld ? *mWorld : Begin(u"11.0"); }
+  Doings& Did() { return TheWorld().did; }
+  wordsim::WordWorld& Word() { return TheWorld().word; }
+  Main2& Main() { return TheWorld().Main(); }
+  Long Top(const char* name) { return Word().WindowByName(name); }
+  static std::string HexOf(Long number) { return ToUtf8(HexText(number)); }
+
+  // The keys of the registry by the names of their windows, in their order; "none" without a registry.
+  std::string Registry() {
+    const auto& registry = Inside::Registry(Main());
+    if (!registry) return "none";
+    std::string keys;
+    for (Long i = 0; i < registry->Count(); ++i) {
+      const std::string name = Word().WindowName(registry->KeyAt(i).ToLong());
+      keys += (keys.empty() ? "" : ", ") + (name.empty() ? ToUtf8(registry->KeyAt(i).ToText()) : name);
+    }
+    return keys;
+  }
+  // The toolbar under that window's key, without a use of the registry's own; null without one.
+  Toolbar* ToolbarOf(Long hwnd) {
+    const auto& registry = Inside::Registry(Main());
+    if (!registry || !registry->Exists(hwnd)) return nullptr;
+    const Variant item = registry->Item(hwnd);
+    return item.If<Object>() ? dynamic_cast<Toolbar*>(item.If<Object>()->Target()) : nullptr;
+  }
+  Toolbar* ToolbarOf(const char* window) { return ToolbarOf(Top(window)); }
+  // What Main2 itself logs; its toolbars log a lot of their own.
+  TextLines MainLogs() {
+    static constexpr const char* kOwn[] = {"Quit",
+                                           "Cancel HandleDocumentCreate",
+                                           "Skip creation",
+                                           "HandleDocumentCreateImpl",
+                                           "Removed stale",
+                                           "Removed toolbar",
+                                           "Remove Toolbar",
+                                           "ERROR",
+                                           "AddListener",
+                                           "RemoveExtraneousToolbar",
+                                           "ToggleToolbar",
+                                           "RemoveLastToolbar",
+                                           "RemoveActiveToolbarEntry",
+                                           "HandleDocumentChange",
+                                           "HandleCloseDocument",
+                                           "RemoveAllToolbars",
+                                           "Setting ToolbarVisible",
+                                           "EnsureToolbarIsOnItsOwnRow",
+                                           "ProcessEliteToolbar",
+                                           "EnableGotoQuickBookmark"};
+    TextLines lines;
+    for (const std::string& line : Did().Logs()) {
+      const std::string text = line.substr(6);
+      for (const char* own : kOwn) {
+        if (text.starts_with(own)) {
+          lines.push_back(line);
+          break;
+        }
+      }
+    }
+    return lines;
+  }
+  // Whether the command bar shows, without a use that is told.
+  bool BarShows() { return Word().ProductBar().IsVisible(); }
+
+ private:
+  std::unique_ptr<World> mWorld;
+};
+
+}  // namespace strandline
