@@ -30,8 +30,9 @@ void Main2::Initialize(Object& word, Object& properties, Object& productState, S
   CommonLogger::OpenLog(CommonLogger::kOrdinary, productName, u"strandline", u"Morvane");
   CommonWordInteractionFunctions::Initialize(word);
   CommonPropertyFunctions::properties(properties);
+  ReleaseCallback();
   STEP(mCallbackToMe = New<AdvertisementsCallbackStub>());
-  mCallbackToMe->SetSink(this);
+  STEP(Required(mCallbackToMe).SetSink(this));
   ToolbarUtilities::Initialize(mCallbackToMe, productState, productName);
   ProductNameChanged();
   if (!isWord2007OrLater()) {
@@ -40,8 +41,9 @@ void Main2::Initialize(Object& word, Object& properties, Object& productState, S
     return;
   }
   STEP(ToolbarUtilities::CommandBar().Let("visible", false));
+  ReleaseRibbonEvents();
   STEP(mRibbonEvents = New<RibbonEvents>());
-  mRibbonEvents->SetSink(this);
+  STEP(Required(mRibbonEvents).SetSink(this));
   STEP(mRibbonHandler = platform::Components().CreateObject(u"RibbonHandler.Main2"));
   STEP(mRibbonHandler.Call("Initialize", Object(mRibbonEvents),
                            ToolbarUtilities::variables.productState.Get("productName").ToText()));
@@ -53,6 +55,7 @@ void Main2::Initialize(Object& word, Object& properties, Object& productState, S
 // The holders of the store and of Word go last, because ending a toolbar still needs them.
 void Main2::Quit() {
   METHOD(void, u"Quit");
+  REPORTS(sQuitting);
   if (sQuitting) return;
   sQuitting = true;
   Log(u"Quit", CommonLogger::kNoteworthy);
@@ -104,7 +107,9 @@ void Main2::HandleCreateDocument(Boolean& startedFromIcon) {
       return;
     }
     // Equal counts mean that one entry no longer has its document: the new one isn't in the registry yet.
-    CONDITION(equalCounts, Required(mToolbars).Count() == Documents().Get("count").ToLong());
+    Long entries = 0;
+    STEP(entries = Required(mToolbars).Count());
+    CONDITION(equalCounts, entries == Documents().Get("count").ToLong());
     if (equalCounts) {
       CONDITION(noDocument, Documents().Get("count").ToLong() == 0);
       if (noDocument) {
@@ -164,7 +169,7 @@ void Main2::AddListener(Long hwnd) {
   STEP(Log(Joined(u"AddListener for ", CommonWordInteractionFunctions::ActiveDocument().Get("name").ToText(), u" (",
                   Hex{hwnd}, u")")));
   STEP(toolbar = New<Toolbar>());
-  toolbar->Initialize(hwnd);
+  STEP(Required(toolbar).Initialize(hwnd));
   STEP(Required(mToolbars).Add(hwnd, Object(toolbar)));
 }
 

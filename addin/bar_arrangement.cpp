@@ -52,24 +52,30 @@ void Main2::ProductNameChanged() {
 void Main2::ProductNameChangedForWord2003AndEarlier(const String& productName) {
   METHOD(void, u"ProductNameChangedForWord2003AndEarlier", productName);
   ToolbarUtilities::ProductNameChanged(productName);
+  std::vector<Variant> items;
   STEP(New<Menu>()->ProductNameChanged(productName));
   ProcessEliteToolbar(false);
-  for (const Variant& item : RegisteredItems()) {
+  STEP(items = RegisteredItems());
+  for (const Variant& item : items) {
     if (!item.IsEmpty()) STEP(Required(castToToolbar(item)).Redraw());
   }
 }
 
-// Word starts in the full toolbar. What leaves it, by the user's command, isn't built yet, and ends here.
+// Word starts in the full toolbar, and only the user's command leaves it. What that does isn't built yet.
 void Main2::ProcessEliteToolbar(Boolean force) {
   METHOD(void, u"ProcessEliteToolbar", force);
   Log(u"ProcessEliteToolbar");
+  if (isWord2007OrLater()) return;
+  if (!force && !mSmallToolbar) return;
 }
 
 void Main2::RemoveAllToolbars() {
   METHOD(void, u"RemoveAllToolbars");
   Log(u"RemoveAllToolbars");
+  std::vector<Long> keys;
   if (mToolbars && !mSmallToolbar) {
-    for (const Long key : RegisteredWindows()) RemoveToolbarImpl(key);
+    STEP(keys = RegisteredWindows());
+    for (const Long key : keys) RemoveToolbarImpl(key);
   }
 }
 

@@ -50,7 +50,9 @@ void Main2::UpdateLumivexIcon() {
   const Object& productState = ToolbarUtilities::variables.productState;
   Log(u"UpdateLumivexIcon");
   if (!mSmallToolbar) {
-    for (const Variant& item : RegisteredItems()) {
+    std::vector<Variant> items;
+    STEP(items = RegisteredItems());
+    for (const Variant& item : items) {
       if (!item.IsEmpty()) STEP(Required(castToToolbar(item)).UpdateLumivexIcon());
     }
   } else if (CommonWordInteractionFunctions::isWord2007OrLater()) {

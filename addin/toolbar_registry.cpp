@@ -39,6 +39,7 @@ void Main2::RemoveToolbarImpl(Long hwnd) {
   // An Empty item has been reported by then; it has nothing to end and goes all the same.
   toolbar = Toolbars(hwnd);
   if (toolbar) toolbar->Terminate();
+  toolbar = nullptr;
   STEP(Required(mToolbars).Remove(hwnd));
   STEP(Log(Joined(u"Removed toolbar, the remaining count ", Required(mToolbars).Count())));
 }
@@ -53,32 +54,36 @@ void Main2::RemoveExtraneousToolbar() {
   STEP(last = ToInteger(Required(mToolbars).Count() - 1));
   for (Integer i = 0; i <= last; ++i) {
     STEP(key = Required(mToolbars).KeyAt(i).ToLong());
-    if (HasADocument(key)) continue;
+    Boolean found = false;
+    RUN(HasADocument(here, key, found));
+    if (found) continue;
     RemoveToolbarImpl(key);
     return;
   }
 }
 
-Boolean Main2::HasADocument(Long key) {
-  METHOD(Boolean, u"HasADocument", key);
+Boolean Main2::HasADocument(Frame& procedure, Long key, Boolean& found) {
+  STRETCH(procedure);
   Object doc;
   Walk walk;
-  REPORTS(doc);
   CONDITION(more, walk.First(Documents(), doc));
   while (more) {
-    STEP(here.result = Required(Toolbars(key)).isDocument(doc));
-    if (here.result) return here.Leave();
+    CONDITION(isItsDocument, Required(Toolbars(key)).isDocument(doc));
+    if (isItsDocument) {
+      found = true;
+      return here.Done();
+    }
     more = false;
     STEP(more = walk.Next(doc));
   }
-  return here.Leave();
+  return here.Done();
 }
 
 // Concerns the step between no document and one document only.
 void Main2::ToggleToolbarForNoDocuments(Boolean enabled) {
   METHOD(void, u"ToggleToolbarForNoDocuments", enabled);
   Integer count = 0;
-  REPORTS(count);
+  REPORTS(count, sEnabled);
   CONDITION(several, Documents().Get("count").ToLong() > 1);
   if (several) return;
   if (enabled == sEnabled) return;
@@ -96,11 +101,13 @@ void Main2::ToggleToolbarForNoDocuments(Boolean enabled) {
 // All keys go: at this moment the last document's toolbar is the only entry that should stand.
 void Main2::RemoveLastToolbar() {
   METHOD(void, u"RemoveLastToolbar");
+  std::vector<Long> keys;
   if (!mMoveToolbarFlag) return;
   mMoveToolbarFlag = false;
   Log(u"RemoveLastToolbar");
   if (mToolbars) {
-    for (const Long key : RegisteredWindows()) RemoveToolbarImpl(key);
+    STEP(keys = RegisteredWindows());
+    for (const Long key : keys) RemoveToolbarImpl(key);
   }
 }
 
@@ -126,14 +133,16 @@ void Main2::RemoveActiveToolbarEntry(Boolean keepLastDocument) {
 
 void Main2::mCallbackToMe_ValueChangedWithAds(const Array<Boolean>& ads, const String& value) {
   METHOD(void, u"mCallbackToMe_ValueChangedWithAds", ads, value);
-  STEP(Required(mToolbars));
-  for (const Long key : RegisteredWindows()) STEP(Required(Toolbars(key)).ValueChanged(ads, value));
+  std::vector<Long> keys;
+  STEP(Required(mToolbars); keys = RegisteredWindows());
+  for (const Long key : keys) STEP(Required(Toolbars(key)).ValueChanged(ads, value));
 }
 
 void Main2::mCallbackToMe_DownloadedNewAds() {
   METHOD(void, u"mCallbackToMe_DownloadedNewAds");
-  STEP(Required(mToolbars));
-  for (const Variant& item : RegisteredItems()) {
+  std::vector<Variant> items;
+  STEP(Required(mToolbars); items = RegisteredItems());
+  for (const Variant& item : items) {
     if (!item.IsEmpty()) STEP(Required(castToToolbar(item)).ReprimeTimerCycle());
   }
 }

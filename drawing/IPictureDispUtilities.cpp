@@ -153,12 +153,14 @@ Long IPictureDispUtilities::MakeRegion(const Picture& picture, Long transparentC
   Long FullRegion = 0;
   Boolean InFirstRegion = true;
   Boolean InLine = false;
-  REPORTS(hdc, PicWidth, PicHeight, StartLineX, FullRegion, InFirstRegion, InLine);
+  Long x = 0;
+  Long y = 0;
+  REPORTS(hdc, PicWidth, PicHeight, StartLineX, FullRegion, InFirstRegion, InLine, x, y);
   hdc = IPictureDispToHdc(picture);
   STEP(PicWidth = HM2PixX(Required(picture).Width()));
   STEP(PicHeight = HM2PixY(Required(picture).Height()));
-  for (Long y = 0; y < PicHeight; ++y) {
-    for (Long x = 0; x < PicWidth; ++x) {
+  for (y = 0; y < PicHeight; ++y) {
+    for (x = 0; x < PicWidth; ++x) {
       const Boolean transparent = platform::Graphics().GetPixel(hdc, x, y) == transparentColor;
       if (!transparent && !InLine) {
         InLine = true;
@@ -174,7 +176,6 @@ Long IPictureDispUtilities::MakeRegion(const Picture& picture, Long transparentC
 }
 
 void IPictureDispUtilities::AddLine(Long& FullRegion, Boolean& InFirstRegion, const Rect& line) {
-  METHOD(void, u"AddLine", FullRegion, InFirstRegion, line);
   Graphics& graphics = platform::Graphics();
   const Long LineRegion = graphics.CreateRectRgn(line.left, line.top, line.right, line.bottom);
   if (InFirstRegion) {

@@ -18,36 +18,32 @@ constexpr Long kMovable = 2;
 
 // A movable block that holds the bytes, the caller's; 0 when there was none to be had.
 Long CopyToGlobalMemory(const Array<Byte>& bytes) {
-  PROCEDURE(Long, u"CopyToGlobalMemory", bytes);
   Pictures& pictures = platform::Pictures();
   const auto& elements = bytes.Elements();
   const Long memory = pictures.GlobalAlloc(kMovable, static_cast<Long>(elements.size()));
-  if (memory == 0) return here.Leave();
+  if (memory == 0) return 0;
   Byte* const target = pictures.GlobalLock(memory);
   if (!target) {
     pictures.GlobalFree(memory);
-    return here.Leave();
+    return 0;
   }
   if (!elements.empty()) std::memcpy(target, elements.data(), elements.size());
   pictures.GlobalUnlock(memory);
-  return here.result = memory;
+  return memory;
 }
 
 // The memory goes with its stream, once, whatever becomes of the picture.
 Picture Decode(Long memory, Long size) {
-  PROCEDURE(Picture, u"Decode", memory, size);
   Pictures& pictures = platform::Pictures();
   Ref<Stream> stream;
   Guid id;
   Picture picture;
-  REPORTS(id, picture);
   if (pictures.CreateStreamOnHGlobal(memory, true, stream) != 0) {
     pictures.GlobalFree(memory);
-    return here.Leave();
+    return nullptr;
   }
-  if (pictures.CLSIDFromString(kIPictureId, id) != 0) return here.Leave();
-  if (pictures.OleLoadPicture(stream, size, false, id, picture) == 0) here.result = picture;
-  return here.Leave();
+  if (pictures.CLSIDFromString(kIPictureId, id) != 0) return nullptr;
+  return pictures.OleLoadPicture(stream, size, false, id, picture) == 0 ? picture : nullptr;
 }
 
 }  // namespace

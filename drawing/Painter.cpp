@@ -2,6 +2,7 @@
 
 #include "drawing/ToolbarUtilities.h"
 #include "foundation/CommonLogger.h"
+#include "platform/convert.h"
 #include "platform/platform.h"
 #include "wordaccess/CommonWordInteractionFunctions.h"
 #include "wordaccess/CommonWordWindowFunctions.h"
@@ -63,7 +64,6 @@ void Painter::Initialize(Long activeDocHwnd, Long hWnd, Long hdc) {
 // The paint comes back through the hook, to contexts that are new and still 1 by 1; what it leaves on the window is
 // captured.
 void Painter::CaptureFromScreen(Long activeDocHwnd, Long hWnd, Long hdc) {
-  METHOD(void, u"CaptureFromScreen", activeDocHwnd, hWnd, hdc);
   Graphics& graphics = platform::Graphics();
   backbuffer(graphics.CreateCompatibleDC(hdc));
   mBackground = graphics.CreateCompatibleDC(hdc);
@@ -107,7 +107,6 @@ void Painter::background(Long hdc) {
 }
 
 void Painter::FreeContext(Long hdc, Long oldHandle) {
-  METHOD(void, u"FreeContext", hdc, oldHandle);
   Graphics& graphics = platform::Graphics();
   graphics.DeleteObject(graphics.SelectObject(hdc, oldHandle));
   graphics.DeleteDC(hdc);
@@ -130,8 +129,8 @@ void Painter::GetWindowExtents(Long hWnd, Long& width, Long& height) {
   Rect rectangle;
   REPORTS(rectangle);
   platform::Windows().GetWindowRect(hWnd, rectangle);
-  width = rectangle.right - rectangle.left;
-  height = rectangle.bottom - rectangle.top;
+  STEP(width = ToLong(std::int64_t{rectangle.right} - rectangle.left));
+  STEP(height = ToLong(std::int64_t{rectangle.bottom} - rectangle.top));
 }
 
 void Painter::Terminated() {

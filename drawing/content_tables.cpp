@@ -58,7 +58,7 @@ void Initialize(const Object& callbackToMain, const Object& productState, const 
   variables.mProductName = productName;
   if (CommonWordInteractionFunctions::isWord2007OrLater()) return;
   STEP(variables.adFactory = makeAdFactory());
-  variables.adFactory->Initialize(callbackToMain);
+  STEP(Required(variables.adFactory).Initialize(callbackToMain));
   STEP(variables.converter = New<IPictureDispUtilities>());
   STEP(variables.mEnableList(kManualCell) = true);
   STEP(variables.mEnableList(kAdCell) = true);

@@ -108,7 +108,7 @@ Picture ReplaceBackgroundWithMenuColor(const Picture& src) {
   Long oldHandle = 0;
   REPORTS(utilities, srcDC, dstDC, width, height, bitmap, oldHandle);
   STEP(utilities = New<IPictureDispUtilities>());
-  srcDC = utilities->IPictureDispToHdc(src);
+  STEP(srcDC = Required(utilities).IPictureDispToHdc(src));
   dstDC = graphics.CreateCompatibleDC(srcDC);
   STEP(width = ToInteger(HM2PixX(Required(src).Width())));
   STEP(height = ToInteger(HM2PixY(Required(src).Height())));
@@ -116,7 +116,7 @@ Picture ReplaceBackgroundWithMenuColor(const Picture& src) {
   oldHandle = graphics.SelectObject(dstDC, bitmap);
   FillDcWithColor(dstDC, graphics.GetSysColor(kMenuColor), width, height);
   TransparentBlt(dstDC, 0, 0, width, height, srcDC, 0, 0);
-  here.result = utilities->hBmpToIPictureDisp(graphics.SelectObject(dstDC, oldHandle));
+  STEP(here.result = Required(utilities).hBmpToIPictureDisp(graphics.SelectObject(dstDC, oldHandle)));
   graphics.DeleteDC(dstDC);
   return here.Leave();
 }

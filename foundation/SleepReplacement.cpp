@@ -21,7 +21,7 @@ void Wait(Long timeInMs, Long hwnd) {
   id = LanguageExtensions::RandomNumber(kFirstTimerId, kLastTimerId);
   STEP(platform::Windows().SetTimer(hwnd, id, timeInMs, &TimerExpired));
   STEP(loop = variables.mMessageLoop = New<MessageLoop>());
-  loop->EnterBlockingLoop();
+  STEP(Required(loop).EnterBlockingLoop());
 }
 
 void TimerExpired(Long hwnd, Long uint1, Long nEventId, Long dwParam) {

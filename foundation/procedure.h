@@ -16,6 +16,9 @@
 // run the statement again, go on behind it (what it would have assigned stays), write a dump and ask again, end the
 // thread, or leave the procedure with its result as far as it was set.
 //
+// A long procedure may keep a stretch of itself in a function of its own. It begins with STRETCH, is given the
+// procedure's frame, ends with here.Done(), and is run with RUN: an error in it is the procedure's.
+//
 // Deviations, each with its word: here.IgnoreErrors() and here.EndQuietly() from that statement on, for the
 // procedure's own statements alone; ATTEMPT(label, …) for a statement whose error jumps to a label. CONDITION declares
 // a Boolean and computes it; where that raises and execution goes on, the block behind it is entered, because its first
@@ -180,6 +183,25 @@ class Method : public Procedure<Result> {
 
 }  // namespace strandline
 
+namespace strandline {
+
+// The frame of a procedure as a stretch of it sees it.
+class Stretch {
+ public:
+  explicit Stretch(Frame& frame) : mFrame(frame) {}
+  template <class Body>
+  [[gnu::always_inline]] inline bool Step(Body&& body, Long line = __builtin_LINE()) {
+    return mFrame.Step(std::forward<Body>(body), line);
+  }
+  static Boolean Leave() { return false; }
+  static Boolean Done() { return true; }
+
+ private:
+  Frame& mFrame;
+};
+
+}  // namespace strandline
+
 #define STRANDLINE_REPORT(...) \
   [&]([[maybe_unused]] ::strandline::Reporter& to_) { to_.List(#__VA_ARGS__ __VA_OPT__(, ) __VA_ARGS__); }
 
@@ -196,6 +218,10 @@ class Method : public Procedure<Result> {
 #define REPORTS(...)                                   \
   const auto locals_ = STRANDLINE_REPORT(__VA_ARGS__); \
   here.Reports(locals_)
+
+#define STRETCH(procedure) ::strandline::Stretch here(procedure)
+#define RUN(...) \
+  if (!(__VA_ARGS__)) return here.Leave()
 
 #define STEP(...) \
   if (!here.Step([&] { __VA_ARGS__; })) return here.Leave()

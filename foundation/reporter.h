@@ -31,7 +31,8 @@ class Reporter {
   void Tell(TextView name, const Guid& value);
   // An object without a face in the automation world tells only that it is there.
   template <class T>
-  requires(!std::is_base_of_v<Dispatch, T>) void Tell(TextView name, const Ref<T>& value) {
+  requires(!std::is_base_of_v<Dispatch, T> && !std::is_same_v<T, PictureObject>) void Tell(TextView name,
+                                                                                           const Ref<T>& value) {
     Variable(name, value ? Variant(u"(object)") : Variant(Object()));
   }
   template <class T, Long kLower, Long kUpper>

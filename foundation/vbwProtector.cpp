@@ -28,15 +28,12 @@ Array<String> StackNames() {
   return names;
 }
 
-// Held while it is called: what it calls back may end in an error of its own, which lets go of it.
-Object Component() { return variables.mErrorParams; }
-
 void CreateErrorComponent() {
   variables.mErrorParams = platform::Components().CreateObject(u"QuillmereError.Main2");
-  Component().Call("vbwInitializeProtector", Variant::ByRef(variables.vbwCatchException),
-                   Variant::ByRef(variables.vbwTraceLine), Variant::ByRef(variables.mOldTraceProc),
-                   Variant::ByRef(variables.vbwCallStack), Variant::ByRef(variables.vbwSystemInfo),
-                   Variant::ByRef(variables.vbwScreenshot));
+  variables.mErrorParams.Call("vbwInitializeProtector", Variant::ByRef(variables.vbwCatchException),
+                              Variant::ByRef(variables.vbwTraceLine), Variant::ByRef(variables.mOldTraceProc),
+                              Variant::ByRef(variables.vbwCallStack), Variant::ByRef(variables.vbwSystemInfo),
+                              Variant::ByRef(variables.vbwScreenshot));
 }
 
 }  // namespace
@@ -117,13 +114,14 @@ Long vbwErrorHandler(Long errNumber, const String& ErrDescription, const String&
     String source = ErrSource;
     String procedure = ErrProcedure;
     Array<String> names;
+    Integer calls = variables.mStackCalls;
     if (variables.mErrorParams.IsNothing()) ATTEMPT(answered, CreateErrorComponent());
     ATTEMPT(answered, names = StackNames());
     ATTEMPT(answered,
-            here.result = Component()
+            here.result = variables.mErrorParams
                               .Call("vbwErrorHandler", Variant::ByRef(number), Variant::ByRef(description),
                                     Variant::ByRef(project), Variant::ByRef(source), Variant::ByRef(procedure),
-                                    Variant::ByRef(line), Variant::ByRef(variables.mStackCalls), Variant::ByRef(names))
+                                    Variant::ByRef(line), Variant::ByRef(calls), Variant::ByRef(names))
                               .ToLong());
     if (here.result == kIgnoreAlways) {
       ATTEMPT(answered, StrRememberErrors = Concat({StrRememberErrors, strLastError}));
@@ -139,7 +137,7 @@ answered:
 void vbwExitThread() {
   PROCEDURE(void, u"vbwExitThread");
   here.IgnoreErrors();
-  STEP(Component().Call("vbwExitThread"));
+  STEP(variables.mErrorParams.Call("vbwExitThread"));
   variables.mErrorParams = nullptr;
 }
 
@@ -147,7 +145,7 @@ String vbwReportParameter(const String& lName, const Variant& lValue) {
   PROCEDURE(String, u"vbwReportParameter", lName, lValue);
   here.IgnoreErrors();
   if (variables.mErrorParams.IsNothing()) return here.Leave();
-  STEP(here.result = Component().Call("vbwReportParameter", lName, lValue).ToText());
+  STEP(here.result = variables.mErrorParams.Call("vbwReportParameter", lName, lValue).ToText());
   return here.Leave();
 }
 
@@ -155,27 +153,27 @@ void vbwReportVariable(const String& lName, const Variant& lValue, Long lTab) {
   PROCEDURE(void, u"vbwReportVariable", lName, lValue, lTab);
   here.IgnoreErrors();
   if (variables.mErrorParams.IsNothing()) return;
-  STEP(Component().Call("vbwReportVariable", lName, lValue, lTab));
+  STEP(variables.mErrorParams.Call("vbwReportVariable", lName, lValue, lTab));
 }
 
 void vbwReportObject(const String& lName, Long lTab, const Object& lObject) {
   PROCEDURE(void, u"vbwReportObject", lName, lTab, lObject);
-  STEP(Component().Call("vbwReportObject", lName, lTab, lObject));
+  STEP(variables.mErrorParams.Call("vbwReportObject", lName, lTab, lObject));
 }
 
 void vbwReportToFile(const String& text) {
   PROCEDURE(void, u"vbwReportToFile", text);
-  STEP(Component().Call("vbwReportToFile", text));
+  STEP(variables.mErrorParams.Call("vbwReportToFile", text));
 }
 
 void vbwOpenDumpFile() {
   PROCEDURE(void, u"vbwOpenDumpFile");
-  STEP(Component().Call("vbwOpenDumpFile"));
+  STEP(variables.mErrorParams.Call("vbwOpenDumpFile"));
 }
 
 void vbwCloseDumpFile() {
   PROCEDURE(void, u"vbwCloseDumpFile");
-  STEP(Component().Call("vbwCloseDumpFile"));
+  STEP(variables.mErrorParams.Call("vbwCloseDumpFile"));
 }
 
 namespace {

@@ -3,6 +3,7 @@
 // The hook on a window: every message of the window comes to the sink before the window's own procedure. One object
 // serves one subclassing; it isn't used again after Unsubclass. It may be dropped inside its own event.
 
+#include "platform/error.h"
 #include "platform/ref.h"
 #include "platform/values.h"
 
@@ -28,6 +29,12 @@ class Subclasser : public RefCounted {
   // The window's own procedure is back in place.
   virtual void Unsubclass() = 0;
 };
+
+// The hook, which must be there: Nothing raises 91.
+inline Subclasser& Required(const Ref<Subclasser>& hook) {
+  if (!hook) Raise(errors::kObjectNotSet);
+  return *hook;
+}
 
 class Subclassers {
  public:

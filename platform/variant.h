@@ -178,6 +178,8 @@ inline constexpr bool kIsNamed = std::is_same_v<std::remove_cvref_t<T>, Named>;
 // Sorts the arguments of one call into positional and named ones, on the stack.
 template <class... Given>
 Variant Invoke(Dispatch& target, Use use, Name member, Given&&... given) {
+  // What it calls back may let go of it.
+  const Ref<Dispatch> held(&target);
   constexpr std::size_t kNamed = (std::size_t{0} + ... + std::size_t{kIsNamed<Given>});
   constexpr std::size_t kPositional = sizeof...(Given) - kNamed;
   if constexpr (kNamed == 0) {

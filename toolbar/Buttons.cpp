@@ -26,6 +26,9 @@ constexpr Long kLookPlain = 2;
 constexpr Long kLumivexOn = 1;
 constexpr Long kLumivexOff = 2;
 
+Long WidthOf(const ButtonRect& cell) { return ToLong(std::int64_t{cell.right} - cell.left); }
+Long HeightOf(const ButtonRect& cell) { return ToLong(std::int64_t{cell.bottom} - cell.top); }
+
 AdvertisementsFactoryInterface& Factory() { return Required(ToolbarUtilities::variables.adFactory); }
 
 }  // namespace
@@ -49,7 +52,7 @@ void Buttons::Initialize(Long parentHwnd, Long hWnd, Boolean needAdvert) {
   UpdateButtonRects();
   if (needAdvert) {
     const ButtonRect cell = mButtons(kAdCell - 1);
-    STEP(mAdvert = Factory().Create(mHwnd, cell.left, cell.top, cell.right - cell.left, cell.bottom - cell.top));
+    STEP(mAdvert = Factory().Create(mHwnd, cell.left, cell.top, WidthOf(cell), HeightOf(cell)));
   }
   PaintIcons(parentHwnd, false, true);
 }
@@ -57,36 +60,42 @@ void Buttons::Initialize(Long parentHwnd, Long hWnd, Boolean needAdvert) {
 void Buttons::PaintIcons(Long activeDocHwnd, Boolean updateRects, Boolean forceRepaint) {
   METHOD(void, u"PaintIcons", activeDocHwnd, updateRects, forceRepaint);
   Long hdc = 0;
+  Boolean isReady = false;
   REPORTS(hdc);
   Log(u"PaintIcons");
   hdc = platform::Graphics().GetDC(mHwnd);
   if (!forceRepaint) forceRepaint = mPainter->NeedRepaint(activeDocHwnd, mHwnd);
-  if (PrepareFrame(activeDocHwnd, hdc, updateRects, forceRepaint)) {
+  RUN(PrepareFrame(here, activeDocHwnd, hdc, updateRects, forceRepaint, isReady));
+  if (isReady) {
     UpdateLumivexIcon();
     mPainter->BltBuffer(hdc, false);
   }
   platform::Graphics().ReleaseDC(mHwnd, hdc);
 }
 
-// The background is taken before the cells are read, and the cells before the ad panel is told its place. False: the
-// bar can't be read, and there is nothing to put down.
-Boolean Buttons::PrepareFrame(Long activeDocHwnd, Long hdc, Boolean updateRects, Boolean forceRepaint) {
-  METHOD(Boolean, u"PrepareFrame", activeDocHwnd, hdc, updateRects, forceRepaint);
-  if (!forceRepaint) return here.result = !updateRects || UpdateButtonRects();
+// The background is taken before the cells are read, and the cells before the ad panel is told its place. Not ready:
+// the bar can't be read, and there is nothing to put down.
+Boolean Buttons::PrepareFrame(Frame& procedure, Long activeDocHwnd, Long hdc, Boolean updateRects, Boolean forceRepaint,
+                              Boolean& isReady) {
+  STRETCH(procedure);
+  if (!forceRepaint) {
+    isReady = !updateRects || UpdateButtonRects();
+    return here.Done();
+  }
   Log(Joined(u"Need a repaint for ", Hex{activeDocHwnd}));
   mPainter->Initialize(activeDocHwnd, mHwnd, hdc);
-  if (!UpdateButtonRects()) return here.Leave();
-  here.result = true;
+  if (!UpdateButtonRects()) return here.Done();
   if (mAdvert) {
     const ButtonRect cell = mButtons(kAdCell - 1);
-    STEP(Factory().AfterPaint(mHwnd, cell.left, cell.top, cell.right - cell.left, cell.bottom - cell.top));
+    STEP(Factory().AfterPaint(mHwnd, cell.left, cell.top, WidthOf(cell), HeightOf(cell)));
     mAdvert->Initialize(mHwnd);
   }
   for (Integer i = 1; i <= kCells; ++i) {
     Boolean forceEraseBackground = false;
     PaintIcon(i, 0, forceEraseBackground);
   }
-  return here.Leave();
+  isReady = true;
+  return here.Done();
 }
 
 // The pair only validates the window; the frame goes down through a context of its own, so that the whole strip is
@@ -121,35 +130,36 @@ void Buttons::PaintIcon(Integer index, Long destHdc, Boolean& forceEraseBackgrou
   if (index == 0) return;
   STEP(cell = mButtons(index - 1));
   if (cell.isPriorityDropped) return;
-  if (mAdvert && index == kAdCell && PaintAdPicture(destHdc, forceEraseBackground)) return;
+  if (mAdvert && index == kAdCell) {
+    Boolean isPainted = false;
+    RUN(PaintAdPicture(here, destHdc, forceEraseBackground, isPainted));
+    if (isPainted) return;
+  }
   // Loaded anew for each paint: the painter uses the bitmap up.
   pic = LoadImageFromResource::LoadResGifJpgBmp(ToolbarUtilities::pictureIndex(index, false), 0);
   STEP(handle = Required(pic).Handle());
   STEP(width = ToolbarUtilities::HM2PixX(Required(pic).Width()));
   STEP(height = ToolbarUtilities::HM2PixY(Required(pic).Height()));
   if (index == kLumivexCell && mLumivexButtonState == kLumivexOff) forceEraseBackground = true;
-  STEP(mPainter->PaintIconTransparently(handle, ToInteger(cell.left), ToInteger(cell.top),
-                                        ToInteger(cell.right - cell.left), ToInteger(cell.bottom - cell.top),
-                                        ToInteger(width), ToInteger(height), destHdc,
+  STEP(mPainter->PaintIconTransparently(handle, ToInteger(cell.left), ToInteger(cell.top), ToInteger(WidthOf(cell)),
+                                        ToInteger(HeightOf(cell)), ToInteger(width), ToInteger(height), destHdc,
                                         forceEraseBackground || index == kManualCell));
   if (!forceEraseBackground && stickyButton(index)) ToggleBorder(destHdc, kLumivexCell, mLumivexButtonState);
 }
 
-// True when the panel has a picture to show.
-Boolean Buttons::PaintAdPicture(Long destHdc, Boolean forceEraseBackground) {
-  METHOD(Boolean, u"PaintAdPicture", destHdc, forceEraseBackground);
+Boolean Buttons::PaintAdPicture(Frame& procedure, Long destHdc, Boolean forceEraseBackground, Boolean& isPainted) {
+  STRETCH(procedure);
   const ButtonRect cell = mButtons(kAdCell - 1);
   Long handle = 0;
   Long width = 0;
   Long height = 0;
-  REPORTS(handle, width, height);
   mAdvert->getPictureStats(handle, width, height);
-  if (handle == 0) return here.Leave();
-  here.result = true;
-  STEP(mPainter->PaintDCTransparently(handle, ToInteger(cell.left), ToInteger(cell.top),
-                                      ToInteger(cell.right - cell.left), ToInteger(cell.bottom - cell.top),
-                                      ToInteger(width), ToInteger(height), destHdc, forceEraseBackground));
-  return here.Leave();
+  if (handle == 0) return here.Done();
+  isPainted = true;
+  STEP(mPainter->PaintDCTransparently(handle, ToInteger(cell.left), ToInteger(cell.top), ToInteger(WidthOf(cell)),
+                                      ToInteger(HeightOf(cell)), ToInteger(width), ToInteger(height), destHdc,
+                                      forceEraseBackground));
+  return here.Done();
 }
 
 void Buttons::PaintAd(Boolean forceEraseBackground) {

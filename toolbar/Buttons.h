@@ -68,8 +68,10 @@ class Buttons final : public ClassObject, public AdStrip {
  private:
   void Class_Initialize();
   void Terminated() override;
-  Boolean PrepareFrame(Long activeDocHwnd, Long hdc, Boolean updateRects, Boolean forceRepaint);
-  Boolean PaintAdPicture(Long destHdc, Boolean forceEraseBackground);
+  // Stretches of PaintIcons and PaintIcon.
+  Boolean PrepareFrame(Frame& procedure, Long activeDocHwnd, Long hdc, Boolean updateRects, Boolean forceRepaint,
+                       Boolean& isReady);
+  Boolean PaintAdPicture(Frame& procedure, Long destHdc, Boolean forceEraseBackground, Boolean& isPainted);
 
   FixedArray<ButtonRect, 0, 15> mButtons;  // cell `index` is element index - 1
   Ref<Painter> mPainter;

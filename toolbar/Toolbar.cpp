@@ -26,10 +26,21 @@ constexpr Long kNormal = 0;
 constexpr Long kMaximised = 1;
 constexpr Long kMinimised = 2;
 
+// The product's name is read afresh at each of its places.
+String TextOfPatience() {
+  const auto productName = [] { return ToolbarUtilities::variables.productState.Get("productName").ToText(); };
+  return Concat({u"It appears that Word is taking a long time to show the ", productName(),
+                 u" toolbar. This usually happens only on the first time after installation. ", productName(),
+                 u" will resize your window to force Word to display the toolbar. ",
+                 u"Please wait a few seconds after that for the ", productName(), u" toolbar to appear."});
+}
+
 }  // namespace
 
 void Toolbar::Initialize(Long parentHwnd) {
   METHOD(void, u"Initialize", parentHwnd);
+  Long time = 0;
+  REPORTS(time);
   CONDITION(hasDocuments, CommonWordInteractionFunctions::Documents().Get("Count").ToLong() > 0);
   if (hasDocuments) {
     STEP(Log(Joined(u"Toolbar initialize for ", CommonWordInteractionFunctions::ActiveDocument().Get("name").ToText(),
@@ -39,48 +50,40 @@ void Toolbar::Initialize(Long parentHwnd) {
   if (isHidden) STEP(ToolbarUtilities::CommandBar().Let("visible", true));
   mParentHwnd = parentHwnd;
   mHwnd = ToolbarUtilities::ToolbarWindowHandle(parentHwnd);
-  WaitForToolbarWindow();
+  RUN(WaitForToolbarWindow(here, time));
   STEP(mDocId = RoundToLong(
            NumberFromText(CommonPropertyFunctions::docId(CommonWordInteractionFunctions::ActiveDocument()))));
   STEP(mButtons = New<Buttons>());
-  mButtons->Initialize(parentHwnd, mHwnd, true);
+  STEP(Required(mButtons).Initialize(parentHwnd, mHwnd, true));
   // The hook comes after the strip, so that no message reaches a half-built one.
   STEP(mHook = platform::Subclassers().Create());
-  mHook->SetSink(this);
-  mHook->Subclass(mHwnd);
+  STEP(Required(mHook).SetSink(this));
+  STEP(Required(mHook).Subclass(mHwnd));
   UpdateLumivexIcon();
 }
 
 // Without an upper limit: the toolbar is never given up on.
-void Toolbar::WaitForToolbarWindow() {
-  METHOD(void, u"WaitForToolbarWindow");
-  Long time = 0;
-  REPORTS(time);
+Boolean Toolbar::WaitForToolbarWindow(Frame& procedure, Long& time) {
+  STRETCH(procedure);
   while (mHwnd == 0) {
     Log(u"Waiting for toolbar to show up", CommonLogger::kNoteworthy);
     SleepReplacement::Wait(kStepOfWait, mParentHwnd);
     mHwnd = ToolbarUtilities::ToolbarWindowHandle(mParentHwnd);
     STEP(time = ToLong(std::int64_t{time} + kStepOfWait));
-    if (time == kPatienceBeforeForce) ForceWordToShowToolbar();
+    if (time == kPatienceBeforeForce) RUN(ForceWordToShowToolbar(procedure));
   }
+  return here.Done();
 }
 
 // A change of the window's state is what makes Word show the bar.
-void Toolbar::ForceWordToShowToolbar() {
-  METHOD(void, u"ForceWordToShowToolbar");
-  String text;
-  REPORTS(text);
-  const auto productName = [] { return ToolbarUtilities::variables.productState.Get("productName").ToText(); };
-  STEP(text = Concat({text, u"It appears that Word is taking a long time to show the ", productName()}));
-  STEP(text = Concat(
-           {text, u" toolbar. This usually happens only on the first time after installation. ", productName()}));
-  STEP(text = Concat({text, u" will resize your window to force Word to display the toolbar. ",
-                      u"Please wait a few seconds after that for the ", productName(), u" toolbar to appear."}));
-  STEP(platform::RunTime().MsgBox(text, msgbox::kOk, nullptr));
+Boolean Toolbar::ForceWordToShowToolbar(Frame& procedure) {
+  STRETCH(procedure);
+  STEP(platform::RunTime().MsgBox(TextOfPatience(), msgbox::kOk, nullptr));
   CONDITION(isMaximised, CommonWordInteractionFunctions::activeWindow().Get("WindowState").ToLong() == kMaximised);
   STEP(CommonWordInteractionFunctions::activeWindow().Let("WindowState", kMinimised));
   STEP(CommonWordInteractionFunctions::activeWindow().Let("WindowState", isMaximised ? kMaximised : kNormal));
   CommonWordWindowFunctions::ActivateActiveDocumentWindow();
+  return here.Done();
 }
 
 Boolean Toolbar::isDocument(const Object& doc) {
@@ -124,8 +127,8 @@ void Toolbar::SwitchListener(Long newHwnd) {
     mHook->SetSink(nullptr);
   }
   STEP(mHook = platform::Subclassers().Create());
-  mHook->SetSink(this);
-  mHook->Subclass(newHwnd);
+  STEP(Required(mHook).SetSink(this));
+  STEP(Required(mHook).Subclass(newHwnd));
   STEP(Required(mButtons).SwitchListener(newHwnd));
   mHwnd = newHwnd;
 }

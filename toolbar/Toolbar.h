@@ -46,12 +46,13 @@ class Toolbar final : public ClassObject, public MessageSink {
 
  private:
   void Terminated() override;
-  void WaitForToolbarWindow();
-  void ForceWordToShowToolbar();
-  void BeforeMessageWhileQuitting(Long uMsg, Long wParam, Long lParam, Boolean& Cancel);
-  void BeforePaint(Boolean& Cancel);
-  void BeforeTimer(Long wParam, Boolean& Cancel);
-  void BeforeCaptureChanged(Long lParam);
+  // Stretches of Initialize and of the hook's event.
+  Boolean WaitForToolbarWindow(Frame& procedure, Long& time);
+  Boolean ForceWordToShowToolbar(Frame& procedure);
+  Boolean BeforeMessageWhileQuitting(Frame& procedure, Long uMsg, Long wParam, Long lParam, Boolean& Cancel);
+  Boolean BeforePaint(Frame& procedure, Boolean& forceUpdate, Boolean& Cancel);
+  Boolean BeforeTimer(Frame& procedure, Long wParam, Boolean& Cancel);
+  Boolean BeforeCaptureChanged(Frame& procedure, Long lParam, Long& newHwnd);
 
   Long mParentHwnd = 0;  // the registry's key
   Long mHwnd = 0;        // the window that is hooked

@@ -29,14 +29,20 @@ void Toolbar::BeforeMessage(Long uMsg, Long wParam, Long lParam, Long& retValue,
 
 void Toolbar::mHook_BeforeMessage(Long uMsg, Long wParam, Long lParam, Long& retValue, Boolean& Cancel) {
   METHOD(void, u"mHook_BeforeMessage", uMsg, wParam, lParam, retValue, Cancel);
-  if (mQuitting) return BeforeMessageWhileQuitting(uMsg, wParam, lParam, Cancel);
+  Boolean forceUpdate = false;
+  Long newHwnd = 0;
+  REPORTS(processCount, forceUpdate, newHwnd);
+  if (mQuitting) {
+    RUN(BeforeMessageWhileQuitting(here, uMsg, wParam, lParam, Cancel));
+    return;
+  }
   switch (uMsg) {
     case wm::kSize:
       Log(u"BeforeSize");
       processCount = 2;
       break;
     case wm::kPaint:
-      BeforePaint(Cancel);
+      RUN(BeforePaint(here, forceUpdate, Cancel));
       break;
     case wm::kNcMouseMove: {
       Long hdc = 0;
@@ -44,7 +50,7 @@ void Toolbar::mHook_BeforeMessage(Long uMsg, Long wParam, Long lParam, Long& ret
       break;
     }
     case wm::kTimer:
-      BeforeTimer(wParam, Cancel);
+      RUN(BeforeTimer(here, wParam, Cancel));
       break;
     case wm::kMouseMove:
       Log(u"HandleMouseMove");
@@ -69,7 +75,7 @@ void Toolbar::mHook_BeforeMessage(Long uMsg, Long wParam, Long lParam, Long& ret
       break;
     }
     case wm::kCaptureChanged:
-      BeforeCaptureChanged(lParam);
+      RUN(BeforeCaptureChanged(here, lParam, newHwnd));
       break;
     default:
       break;
@@ -77,44 +83,44 @@ void Toolbar::mHook_BeforeMessage(Long uMsg, Long wParam, Long lParam, Long& ret
 }
 
 // A toolbar on its way out swallows what it gets, but for the message by which it says goodbye.
-void Toolbar::BeforeMessageWhileQuitting(Long uMsg, Long wParam, Long lParam, Boolean& Cancel) {
-  METHOD(void, u"BeforeMessageWhileQuitting", uMsg, wParam, lParam, Cancel);
+Boolean Toolbar::BeforeMessageWhileQuitting(Frame& procedure, Long uMsg, Long wParam, Long lParam, Boolean& Cancel) {
+  STRETCH(procedure);
   if (uMsg == wm::kQuit) {
     Log(Joined(Hex{mParentHwnd}, u" quit message"));
-    if (mHook) mHook->CallPreviousProc(wm::kQuit, wParam, lParam);
+    STEP(Required(mHook).CallPreviousProc(wm::kQuit, wParam, lParam));
     Cancel = false;
   } else {
     Log(Joined(Hex{mParentHwnd}, u" is dying: ", Hex{uMsg}));
     Cancel = true;
   }
+  return here.Done();
 }
 
 // After a change of size or window the first paint is dropped, which leaves the window invalid and so brings the second
 // one; that one reads the cells anew.
-void Toolbar::BeforePaint(Boolean& Cancel) {
-  METHOD(void, u"BeforePaint", Cancel);
+Boolean Toolbar::BeforePaint(Frame& procedure, Boolean& forceUpdate, Boolean& Cancel) {
+  STRETCH(procedure);
   Ref<Buttons> buttons;
-  Boolean forceUpdate = false;
-  REPORTS(forceUpdate);
   Log(Joined(u"Before Paint of ", Hex{mParentHwnd}, u", processCount = ", processCount));
   Cancel = true;
   // The paint can bring about the end of this toolbar; the strip lives until it is over.
   buttons = mButtons;
   if (processCount > 0) {
     --processCount;
-    if (processCount != 0) return;
+    if (processCount != 0) return here.Done();
     forceUpdate = true;
   }
   if (CommonWordInteractionFunctions::isWord2002OrEarlier()) {
     CONDITION(wordPaintsFirst, Required(buttons).NeedToPaintBackground(mParentHwnd).ToBoolean() || forceUpdate);
-    if (wordPaintsFirst) STEP(if (mHook) mHook->CallPreviousProc(wm::kPaint, 0, 0));
+    if (wordPaintsFirst) STEP(Required(mHook).CallPreviousProc(wm::kPaint, 0, 0));
   }
   STEP(Required(buttons).HandlePaint(mParentHwnd, forceUpdate));
+  return here.Done();
 }
 
 // Any other number is a one-shot of ours, whoever set it.
-void Toolbar::BeforeTimer(Long wParam, Boolean& Cancel) {
-  METHOD(void, u"BeforeTimer", wParam, Cancel);
+Boolean Toolbar::BeforeTimer(Frame& procedure, Long wParam, Boolean& Cancel) {
+  STRETCH(procedure);
   Cancel = wParam != 0;
   if (wParam == kAdTimer) {
     STEP(Required(mButtons).TimerTick(true));
@@ -122,20 +128,20 @@ void Toolbar::BeforeTimer(Long wParam, Boolean& Cancel) {
     platform::Windows().KillTimer(mHwnd, wParam);
     STEP(Required(mButtons).TimerTick(false));
   }
+  return here.Done();
 }
 
 // When the user drags the bar to another dock or floats it, Word makes a new window for it and passes the mouse capture
 // there.
-void Toolbar::BeforeCaptureChanged(Long lParam) {
-  METHOD(void, u"BeforeCaptureChanged", lParam);
-  Long newHwnd = 0;
-  REPORTS(newHwnd);
-  if (InSameDockingBar(lParam)) return;
+Boolean Toolbar::BeforeCaptureChanged(Frame& procedure, Long lParam, Long& newHwnd) {
+  STRETCH(procedure);
+  if (InSameDockingBar(lParam)) return here.Done();
   newHwnd = ToolbarUtilities::ToolbarWindowHandle(mParentHwnd);
   if (newHwnd != mHwnd && lParam == newHwnd) {
     SwitchListener(newHwnd);
     processCount = 2;
   }
+  return here.Done();
 }
 
 Boolean Toolbar::InSameDockingBar(Long lParam) {
@@ -146,7 +152,7 @@ Boolean Toolbar::InSameDockingBar(Long lParam) {
 void Toolbar::HandleMouseMove(Boolean lbuttonDown, Long x, Long y) {
   METHOD(void, u"HandleMouseMove", lbuttonDown, x, y);
   Boolean hasChangedParentWindows = false;
-  REPORTS(hasChangedParentWindows);
+  REPORTS(hasChangedParentWindows, epoch);
   hasChangedParentWindows = mParentHwnd != CommonWordWindowFunctions::ActiveDocumentHandle();
   CONDITION(needsTimer, Required(mButtons).HandleMouseMove(lbuttonDown, x, y, hasChangedParentWindows));
   if (!needsTimer) return;

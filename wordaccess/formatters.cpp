@@ -20,11 +20,12 @@ String outputType() {
   PROCEDURE(String, u"outputType");
   Object doc;
   String value;
-  REPORTS(doc, value);
+  auto& outputMap = variables.outputMap;
+  REPORTS(doc, value, outputMap);
   value = DocumentValue(u"OutputType", doc);
   if (!value.IsEmpty()) {
-    if (!variables.outputMap) variables.outputMap = InitializeMapWithPossibleValues(kPossibleOutputTypes);
-    CONDITION(isPossible, Required(variables.outputMap).Exists(value));
+    if (!outputMap) outputMap = InitializeMapWithPossibleValues(kPossibleOutputTypes);
+    CONDITION(isPossible, Required(outputMap).Exists(value));
     if (isPossible) return here.result = value;
   }
   return here.result = defaultOutputType(formatType());
