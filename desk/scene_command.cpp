@@ -162,9 +162,9 @@ ParsedCommand ParseCommand(std::span<const SceneWord> words, int line, int depth
   const CommandForm* form = FindForm(words, usages);
   if (!form) {
     if (usages.empty()) {
-      parsed.error = "unknown command \"" + words[0].text + "\"; known commands are: " + KnownCommands();
+      parsed.error = "unknown command " + Quoted(words[0].text) + "; known commands are: " + KnownCommands();
     } else {
-      const std::string wrong = words.size() > 1 ? "\"" + words[1].text + "\" isn't known here" : "a word is missing";
+      const std::string wrong = words.size() > 1 ? Quoted(words[1].text) + " isn't known here" : "a word is missing";
       parsed.error = wrong + "; usage: " + usages;
     }
     return parsed;

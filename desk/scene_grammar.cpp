@@ -4,6 +4,16 @@
 
 namespace strandline::deskprogram {
 
+// As a terminal can show it: one line, no controls, no more than tells what is meant.
+std::string Quoted(std::string_view text) {
+  constexpr std::size_t kMost = 100;
+  std::string shown(text.substr(0, kMost));
+  for (char& c : shown) {
+    if (static_cast<unsigned char>(c) < 0x20 || c == 0x7F) c = '?';
+  }
+  return "\"" + shown + (text.size() > kMost ? "…" : "") + "\"";
+}
+
 namespace {
 
 using Kind = GrammarElement::Kind;
@@ -45,8 +55,6 @@ bool IsChoice(std::string_view choices, std::string_view text) {
 bool IsHexColour(std::string_view text) {
   return text.size() == 6 && text.find_first_not_of("0123456789abcdefABCDEF") == std::string_view::npos;
 }
-
-std::string Quoted(std::string_view text) { return "\"" + std::string(text) + "\""; }
 
 std::string CheckText(const GrammarElement& element, const std::string& text, std::int64_t& number) {
   const std::string name(element.name);

@@ -34,4 +34,7 @@ std::string MatchWords(const std::vector<GrammarElement>& grammar, std::span<con
 // How many words of the grammar, from the first, name the form: its leading literals.
 std::size_t LeadingLiterals(const std::vector<GrammarElement>& grammar);
 
+// A word of a scene for an error line: in quotes, without control characters, cut where it is long.
+std::string Quoted(std::string_view text);
+
 }  // namespace strandline::deskprogram

@@ -15,6 +15,18 @@ Rect BarArea(DeskSession& session) {
   return area;
 }
 
+// Whether it is to be seen but for what may cover it.
+bool IsBarShown(DeskSession& session) {
+  desk::WindowSystem& windows = session.TheDesk().Windows();
+  return windows.IsWindowVisible(session.World().ActiveBarWindow()) != 0 &&
+         windows.IsIconic(session.World().ActiveTopWindow()) == 0;
+}
+
+bool IsOnScreen(const desk::Surface& screen, const Rect& area) {
+  return area.left < area.right && area.top < area.bottom && area.right > 0 && area.bottom > 0 &&
+         area.left < screen.width && area.top < screen.height;
+}
+
 std::string ColourText(std::uint32_t rgb) {
   char text[16];
   std::snprintf(text, sizeof text, "%06X", rgb & 0xFFFFFF);
@@ -25,16 +37,19 @@ std::string ColourText(std::uint32_t rgb) {
 
 void ScenePlayer::WritePicture(const std::string& fileName, const Rect& area) {
   const std::filesystem::path path = std::filesystem::path(mOptions.outFolder) / fileName;
+  if (!IsOnScreen(mSession->TheDesk().Screen(), area)) {
+    Fail("nothing of the window is on the screen; take the picture where something of it is");
+  }
   std::error_code ignored;
   std::filesystem::create_directories(path.parent_path(), ignored);
   if (!mSession->TheDesk().WritePng(path.string(), area)) {
-    Fail("can't write the picture " + path.string() + "; name a folder that can be written with --out, and show " +
-         "something of the window on the screen");
+    Fail("can't write the picture " + path.string() + "; name a folder that can be written with --out");
   }
 }
 
 void ScenePlayer::Shot(const Command& command) {
   RequireBarWindow();
+  if (!IsBarShown(*mSession)) Fail("the bar's window isn't shown; take the picture while it is");
   WritePicture(command.Text("FILE.png"), BarArea(*mSession));
 }
 
@@ -66,6 +81,7 @@ void ScenePlayer::ExpectPixel(const Command& command) {
   const std::string wanted = ColourText(static_cast<std::uint32_t>(command.Number("RRGGBB")));
   const std::string what = "pixel " + command.Text("X") + " " + command.Text("Y") + " " + wanted;
   if (mSession->World().ActiveBarWindow() == 0) return NoteFailure(what + ", found no window of the bar");
+  if (!IsBarShown(*mSession)) return NoteFailure(what + ", found the bar's window hidden");
   const Rect area = BarArea(*mSession);
   const auto x = static_cast<Long>(command.Number("X"));
   const auto y = static_cast<Long>(command.Number("Y"));

@@ -114,14 +114,13 @@ Long vbwErrorHandler(Long errNumber, const String& ErrDescription, const String&
     String source = ErrSource;
     String procedure = ErrProcedure;
     Array<String> names;
-    Integer calls = variables.mStackCalls;
     if (variables.mErrorParams.IsNothing()) ATTEMPT(answered, CreateErrorComponent());
     ATTEMPT(answered, names = StackNames());
     ATTEMPT(answered,
             here.result = variables.mErrorParams
                               .Call("vbwErrorHandler", Variant::ByRef(number), Variant::ByRef(description),
                                     Variant::ByRef(project), Variant::ByRef(source), Variant::ByRef(procedure),
-                                    Variant::ByRef(line), Variant::ByRef(calls), Variant::ByRef(names))
+                                    Variant::ByRef(line), Variant::ByRef(variables.mStackCalls), Variant::ByRef(names))
                               .ToLong());
     if (here.result == kIgnoreAlways) {
       ATTEMPT(answered, StrRememberErrors = Concat({StrRememberErrors, strLastError}));

@@ -97,7 +97,8 @@ void vbwProcInOverflows(const ProcedureName& lProc);
   }
   const Integer level = static_cast<Integer>(former + 1);
   variables.mStackCalls = level;
-  if (level <= kStackSize) [[likely]]
+  // One test for both ends: the error component is handed the count and may have written to it.
+  if (static_cast<std::uint16_t>(level - 1) < kStackSize) [[likely]]
     variables.mStack[level] = &lProc;
   return level;
 }

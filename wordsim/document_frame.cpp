@@ -89,6 +89,7 @@ void DocumentFrame::SetState(FrameState state) {
   Windows& windows = *mServices.platform.windows;
   if (state == FrameState::kMinimised) {
     windows.ShowWindow(mTop, kMinimise);
+    Arrange();
     return;
   }
   mIsMaximised = state == FrameState::kMaximised;

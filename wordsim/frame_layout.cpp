@@ -32,7 +32,8 @@ void DocumentFrame::Arrange() {
 
 void DocumentFrame::ShowBars() {
   for (Slot& slot : mSlots) {
-    const bool mayShow = slot.position != BarPosition::kFloating || mIsActive;
+    // A floating bar goes with its window.
+    const bool mayShow = slot.position != BarPosition::kFloating || (mIsActive && State() != FrameState::kMinimised);
     if (!slot.hwnd) continue;
     // Floating bars are found by their title alone: only the active window's has one.
     if (slot.position == BarPosition::kFloating) {

@@ -18,8 +18,8 @@ constexpr Long kFirstRibbonVersion = 12;
 constexpr Long kMostControls = 1000;
 constexpr Long kHighestControl = 10'000;
 constexpr Long kUsualVersion = 11;
-constexpr Long kMostFramesInCascade = 5;
-constexpr Long kCascadeStep = 8;
+constexpr Long kMostFramesInCascade = 3;
+constexpr Long kCascadeStep = 4;
 constexpr Long kMinimise = 6;
 constexpr Long kRestore = 9;
 
@@ -171,14 +171,28 @@ void WordWorld::GoAway(const Ref<Document>& document) {
 
 bool WordWorld::Minimise(const String& name) {
   Document* document = Find(name);
-  if (document) mPlatform.windows->ShowWindow(document->Frame().Top(), kMinimise);
-  return document != nullptr;
+  if (!document) return false;
+  const bool wasActive = document == Active();
+  mPlatform.windows->ShowWindow(document->Frame().Top(), kMinimise);
+  document->Frame().Arrange();
+  // The next one that isn't minimised comes to the front.
+  if (wasActive) {
+    for (Document* other : mRecent) {
+      if (other->Frame().State() == FrameState::kMinimised) continue;
+      Front(*other);
+      break;
+    }
+  }
+  return true;
 }
 
 bool WordWorld::Restore(const String& name) {
   Document* document = Find(name);
-  if (document) mPlatform.windows->ShowWindow(document->Frame().Top(), kRestore);
-  return document != nullptr;
+  if (!document) return false;
+  mPlatform.windows->ShowWindow(document->Frame().Top(), kRestore);
+  document->Frame().Arrange();
+  Front(*document);
+  return true;
 }
 
 bool WordWorld::SetBookmark(const String& name, bool on) {

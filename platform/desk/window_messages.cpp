@@ -10,6 +10,7 @@
 namespace strandline::desk {
 namespace {
 
+constexpr Long kNull = 0;  // WM_NULL
 constexpr Long kFirstCookie = 0x400000;
 constexpr std::int64_t kForever = std::numeric_limits<std::int64_t>::max();
 
@@ -177,7 +178,12 @@ bool WindowSystem::Pump() {
 
 Long WindowSystem::GetMessageA(Message& message) {
   for (;;) {
-    RunDueWork();
+    // Work arrives as a message does: whoever waits gets to look at what it has changed.
+    if (RunDueWork()) {
+      message = NewMessage(0, kNull, 0, 0);
+      CountAgainstStorm();
+      return 1;
+    }
     if (Take(message, true)) {
       CountAgainstStorm();
       return message.message != wm::kQuit;

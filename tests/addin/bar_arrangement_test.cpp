@@ -208,7 +208,8 @@ TEST_F(BarArrangement, FullToolbar_Stands) {
   TheWorld().Open(u"One.doc");
   Did().Clear();
   Inside::ProcessEliteToolbar(Main(), false);
-  EXPECT_EQ(Block(Did().Of(Doings::kUse | Doings::kLog | Doings::kHook)), "log 0 ProcessEliteToolbar\n");
+  EXPECT_EQ(Block(Did().Of(Doings::kUse | Doings::kLog | Doings::kHook)),
+            "log 0 ProcessEliteToolbar\nget Application Version() = 11.0\n");
   EXPECT_EQ(Registry(), "top 1");
   EXPECT_FALSE(Inside::SmallToolbar(Main()));
 }

@@ -152,9 +152,40 @@ TEST_F(WindowSystem_Clock, GetMessageMovesToTheNextEvent) {
   system.After(200, [&] { Note(Now() + "work"); });
   Message message;
   EXPECT_EQ(system.GetMessageA(message), 1);
+  EXPECT_EQ(message.message, 0) << "scheduled work arrives as a message that says nothing";
+  EXPECT_EQ(system.Milliseconds(), 200);
+  EXPECT_EQ(log, (Log{"200: work"}));
+  EXPECT_EQ(system.GetMessageA(message), 1);
   EXPECT_EQ(message.message, wm::kTimer);
   EXPECT_EQ(system.Milliseconds(), 500);
-  EXPECT_EQ(log, (Log{"200: work"}));
+}
+
+// A wait whose end comes while scheduled work pumps messages of its own has to notice.
+TEST_F(WindowSystem_Clock, GetMessageReturnsAfterWorkThatDispatchedEverything) {
+  const Long hwnd = Open(u"w");
+  Settle();
+  system.SetTimer(hwnd, 3, 50, nullptr);
+  system.After(20, [&] {
+    system.Wait(100);
+    system.KillTimer(hwnd, 3);
+  });
+  Message message;
+  EXPECT_EQ(system.GetMessageA(message), 1);
+  EXPECT_EQ(message.message, 0);
+  EXPECT_EQ(system.Milliseconds(), 120);
+}
+
+TEST_F(WindowSystem_Clock, AWaitThatOnlyTimersKeepAliveIsStuck) {
+  const Long hwnd = Open(u"w");
+  Settle();
+  system.SetTimer(hwnd, 3, 1000, nullptr);
+  Message message;
+  const auto waitForAnHour = [&] {
+    for (int i = 0; i <= 3600; ++i) system.GetMessageA(message);
+  };
+  EXPECT_THROW(waitForAnHour(), Stuck);
+  system.After(100'000'000, [] {});
+  EXPECT_NO_THROW(waitForAnHour()) << "something is still to come";
 }
 
 TEST_F(WindowSystem_Clock, DoEventsUntilNextMovesOnlyWhereNothingWaits) {

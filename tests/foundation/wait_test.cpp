@@ -102,7 +102,8 @@ TEST_F(WaitTest, WaitOfNoTime_TakesTheShortestPeriodAndRunsThroughTheLoop) {
   EXPECT_EQ(Now(), desk::TimerTable::kShortestPeriod);
   EXPECT_EQ(notes, LogLines{"message 0"});
   EXPECT_EQ(Lines(windows.calls),
-            "SetTimer 0\nGetMessageA\nTranslateMessage 1024\nDispatchMessageA 1024\n"
+            "SetTimer 0\nGetMessageA\nTranslateMessage 0\nDispatchMessageA 0\n"
+            "GetMessageA\nTranslateMessage 1024\nDispatchMessageA 1024\n"
             "GetMessageA\nTranslateMessage 275\nDispatchMessageA 275\nKillTimer\n");
 }
 

@@ -30,7 +30,6 @@ TEST_F(ToolbarStart, Initialize_TakesItsStepsInOrder_TheHookAfterTheStripAndLumi
                 "\n"
                 "get bar Quillmere visible = True\n"
                 "ToolbarUtilities.ToolbarWindowHandle(top 1)\n"
-                "Toolbar.WaitForToolbarWindow()\n"
                 "CommonPropertyFunctions.docId(document Thesis.doc)\n"
                 "Buttons.Initialize(top 1, bar 1, True)\n"
                 "log Buttons Initialize\n"
