@@ -4,8 +4,8 @@
 
 #include <lua.hpp>
 
-#include "bench/allocations.h"
 #include "platform/desk/desk.h"
+#include "tests/support/allocations.h"
 #include "wordsim/word_world.h"
 
 namespace strandline::bench {
@@ -15,18 +15,18 @@ void LateBoundRead(benchmark::State& state) {
   desk::Desk desk;
   wordsim::WordWorld world(desk.Services(), desk.Host(), desk.Canvas(), desk.Clock(), {});
   const Object productState = world.ProductState();
-  const std::int64_t before = Allocations();
+  const std::size_t before = AllocationsSoFar();
   for (auto _ : state) benchmark::DoNotOptimize(productState.Get("lumivexEnabled").ToBoolean());
-  state.counters["allocations"] = static_cast<double>(Allocations() - before);
+  state.counters["allocations"] = static_cast<double>(AllocationsSoFar() - before);
 }
 
 void LateBoundReadOfAText(benchmark::State& state) {
   desk::Desk desk;
   wordsim::WordWorld world(desk.Services(), desk.Host(), desk.Canvas(), desk.Clock(), {});
   const Object productState = world.ProductState();
-  const std::int64_t before = Allocations();
+  const std::size_t before = AllocationsSoFar();
   for (auto _ : state) benchmark::DoNotOptimize(productState.Get("productName").ToText());
-  state.counters["allocations"] = static_cast<double>(Allocations() - before);
+  state.counters["allocations"] = static_cast<double>(AllocationsSoFar() - before);
 }
 
 void LuaFieldReadByName(benchmark::State& state) {

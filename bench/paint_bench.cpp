@@ -6,11 +6,11 @@
 #include <fstream>
 #include <string>
 
-#include "bench/allocations.h"
 #include "desk/desk_session.h"
 #include "drawing/LoadImageFromResource.h"
 #include "drawing/Painter.h"
 #include "drawing/ToolbarUtilities.h"
+#include "tests/support/allocations.h"
 
 namespace strandline::bench {
 namespace {
@@ -69,10 +69,10 @@ void PaintThatChangesNothing(benchmark::State& state, const char16_t* version, b
   const Platform services = strip.TheDesk().Services();
   const Long bar = strip.Bar();
   services.windows->SendMessageA(bar, wm::kPaint, 0, 0);
-  const std::int64_t before = Allocations();
+  const std::size_t before = AllocationsSoFar();
   for (auto _ : state) services.windows->SendMessageA(bar, wm::kPaint, 0, 0);
   state.counters["allocations"] =
-      benchmark::Counter(static_cast<double>(Allocations() - before), benchmark::Counter::kAvgIterations);
+      benchmark::Counter(static_cast<double>(AllocationsSoFar() - before), benchmark::Counter::kAvgIterations);
 }
 
 // The same drawing without the library around it: with Lumivex on two edges and the frame, with Lumivex off the cell

@@ -150,8 +150,22 @@ Glyphs ReadTable() {
 
 }  // namespace
 
+namespace {
+
+// The letters of Western European names without their accents, from À on; a blank where there is no such letter.
+constexpr std::string_view kBareLetters = "AAAAAAACEEEEIIIIDNOOOOO OUUUUY saaaaaaaceeeeiiiidnooooo ouuuuy y";
+
+char16_t Bare(char16_t character) {
+  if (character < 0xC0 || character > 0xFF) return character;
+  const char letter = kBareLetters[static_cast<std::size_t>(character - 0xC0)];
+  return letter == ' ' ? character : static_cast<char16_t>(letter);
+}
+
+}  // namespace
+
 const Glyph& GlyphOf(char16_t character) {
   static const Glyphs glyphs = ReadTable();
+  character = Bare(character);
   return glyphs[character >= kFirst && character <= kLast ? static_cast<std::size_t>(character - kFirst) : kBox];
 }
 

@@ -8,7 +8,8 @@
 namespace strandline::desk {
 
 // The desk's own font: a proportional face of the size that menus and captions have, capitals 8 pixels high. It knows
-// the printable ASCII characters; any other shows as a box.
+// the printable ASCII characters, and accented letters of Western Europe without their accents; any other shows as a
+// box.
 struct Glyph {
   static constexpr int kRows = 10;  // 8 above the base line, 2 below
 

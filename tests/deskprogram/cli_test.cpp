@@ -61,6 +61,8 @@ TEST(DeskProgram_AWrongScene, GivesOneLineAndExitCode2) {
       {"then log\n", "a.scene:1: then has nothing to come after; put an expect before it"},
       {"start\nopen A.doc\nafter 10 close B.doc\nwait 20\n",
        "a.scene:3: no document \"B.doc\" is open; open are: A.doc"},
+      {"start\nopen A.doc\nminimise A.doc\nshot a.png\n", "a.scene:4: the bar's window isn't shown; *"},
+      {"start\nfoo\x1b[31m\n", "a.scene:2: unknown command \"foo?[31m\"; known commands are: *"},
       {"start\nopen A.doc\nshot nowhere\n", "a.scene:3: FILE.png must be a file name that ends with .png, *"},
       {"expect log\nthen box\nhover 1\n", "a.scene:3: unknown command*"},
   };

@@ -110,6 +110,31 @@ TEST_F(FramesTest, AWindowThatWasMinimised_ComesBackWithItsActivation) {
   EXPECT_EQ(Windows().GetActiveWindow(), World().ActiveTopWindow());
 }
 
+TEST_F(FramesTest, AMinimisedDocument_GivesTheFrontToTheNextOne_AndTakesItBackWhenRestored) {
+  World().Open(u"A.doc");
+  World().Open(u"B.doc");
+  World().Minimise(u"B.doc");
+  EXPECT_EQ(World().Active(), World().Find(u"A.doc"));
+  EXPECT_EQ(Windows().GetActiveWindow(), World().ActiveTopWindow());
+  World().Minimise(u"A.doc");
+  EXPECT_EQ(World().Active(), World().Find(u"A.doc")) << "nobody is left to take it";
+  World().Restore(u"B.doc");
+  EXPECT_EQ(World().Active(), World().Find(u"B.doc"));
+  EXPECT_EQ(Windows().GetActiveWindow(), World().ActiveTopWindow());
+}
+
+TEST_F(FramesTest, AFloatingBar_GoesWithItsMinimisedWindow) {
+  Settings settings;
+  settings.barPosition = BarPosition::kFloating;
+  Begin(settings).Open(u"A.doc");
+  const Long bar = World().ActiveBarWindow();
+  EXPECT_NE(Windows().IsWindowVisible(bar), 0);
+  World().Minimise(u"A.doc");
+  EXPECT_EQ(Windows().IsWindowVisible(bar), 0);
+  World().Restore(u"A.doc");
+  EXPECT_NE(Windows().IsWindowVisible(bar), 0);
+}
+
 TEST_F(FramesTest, AnotherProgram_TakesActivationAndForeground_AndGivesThemBack) {
   World().Open(u"A.doc");
   World().Cover(true);
