@@ -276,5 +276,16 @@ TEST_F(ToolbarRegistry, ActiveEntryWithoutDocumentsOrStrip_IsLeftAlone) {
   EXPECT_EQ(Inside::Registry(Main())->Count(), 3);
 }
 
+// The question whose document a toolbar is belongs to the removal: where it can't be asked, nothing goes.
+TEST_F(ToolbarRegistry, ExtraneousToolbar_StaysWhereTheDocumentsCannotBeGoneThrough) {
+  OpenThree();
+  const std::string before = Registry();
+  Did().Clear();
+  Word().Faults().Arm("Documents", "each");
+  Inside::RemoveExtraneousToolbar(Main());
+  EXPECT_EQ(Registry(), before);
+  EXPECT_EQ(Block(Did().Errors()), "1000 Main2.RemoveExtraneousToolbar\n");
+}
+
 }  // namespace
 }  // namespace strandline

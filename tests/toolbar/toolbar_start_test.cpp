@@ -85,6 +85,18 @@ TEST_F(ToolbarStart, Initialize_WithoutADocument_LogsNoNameAndBelongsToNone) {
   TakeErrors();
 }
 
+// The change of the window is a step of the start: where Word refuses it, the start ends there, without strip or hook.
+TEST_F(ToolbarStart, Initialize_WhereTheWindowRefusesToChange_EndsThere) {
+  Begin(Late(4000));
+  world->word.Faults().Arm("window Thesis.doc", "WindowState");
+  toolbar = New<Toolbar>();
+  toolbar->Initialize(world->Top());
+  EXPECT_EQ(world->boxes.size(), 1u);
+  EXPECT_EQ(world->desk.Windows().LiveHooks(), 0u);
+  EXPECT_EQ(ToolbarNumber(u"mDocId"), 0);
+  TakeErrors();
+}
+
 struct LateCase {
   Long late;  // milliseconds until the window comes
   int waits;  // of 50 ms each
