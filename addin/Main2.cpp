@@ -32,7 +32,7 @@ void Main2::Initialize(Object& word, Object& properties, Object& productState, S
   CommonPropertyFunctions::properties(properties);
   ReleaseCallback();
   STEP(mCallbackToMe = New<AdvertisementsCallbackStub>());
-  STEP(Required(mCallbackToMe).SetSink(this));
+  STEP(Required(mCallbackToMe).Advise(this));
   ToolbarUtilities::Initialize(mCallbackToMe, productState, productName);
   ProductNameChanged();
   if (!isWord2007OrLater()) {
@@ -43,7 +43,7 @@ void Main2::Initialize(Object& word, Object& properties, Object& productState, S
   STEP(ToolbarUtilities::CommandBar().Let("visible", false));
   ReleaseRibbonEvents();
   STEP(mRibbonEvents = New<RibbonEvents>());
-  STEP(Required(mRibbonEvents).SetSink(this));
+  STEP(Required(mRibbonEvents).Advise(this));
   STEP(mRibbonHandler = platform::Components().CreateObject(u"RibbonHandler.Main2"));
   STEP(mRibbonHandler.Call("Initialize", Object(mRibbonEvents),
                            ToolbarUtilities::variables.productState.Get("productName").ToText()));
@@ -71,12 +71,12 @@ void Main2::Quit() {
 }
 
 void Main2::ReleaseRibbonEvents() {
-  if (mRibbonEvents) mRibbonEvents->SetSink(nullptr);
+  if (mRibbonEvents) mRibbonEvents->Unadvise(this);
   mRibbonEvents = nullptr;
 }
 
 void Main2::ReleaseCallback() {
-  if (mCallbackToMe) mCallbackToMe->SetSink(nullptr);
+  if (mCallbackToMe) mCallbackToMe->Unadvise(this);
   mCallbackToMe = nullptr;
 }
 

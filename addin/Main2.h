@@ -22,16 +22,36 @@ class Main2 final : public ClassObject, private AdvertisementsCallbackStub::Sink
 
   // A second call isn't expected. Raises 12345 inside for a word that is Nothing, and goes on as far as it comes.
   void Initialize(Object& word, Object& properties, Object& productState, String& productName);
+  // Runs the public operation of that name, letters without case, that takes no argument; its result as text.
+  String Execute(String& command);
   // startedFromIcon: the product was started by its own icon, and comes to the front.
   void HandleCreateDocument(Boolean& startedFromIcon);
   void HandleDocumentChange();
   // Called before Word closes doc. True when the close may go on.
   Boolean HandleCloseDocument(Object& doc);
   void EnableGotoQuickBookmark(Boolean& value);
-  void ProductNameChanged();
   // The ribbon component; Nothing before Word 2007 and after Quit.
   Object RibbonHandler();
+  // Both change between the reading layout and the ordinary view.
+  void ReadingMode();
+  void ReadingModeLayout();
+  void CloseReadingMode();
+  void ToggleLumivex();
+  void FilePrintPreview2();
+  void ClosePreview();
+  // To Word's own bar with small icons; there is no way back while Word runs.
+  void ShrinkToolbar();
+  void ProductNameChanged();
+  // The manual's path, for the caller to open. Empty when the user is in the manual already: Find shows instead.
+  String OpenUserManual();
+  void UseQuillmere();
+  void ClickOnAd();
   void Quit();
+
+  // The operations above by name (addin/operations.h), with positional and named arguments; what an operation writes to
+  // an argument comes back through a reference. Raises 438 for a name that isn't there and for a let, and what
+  // Main2Operation::Invoke raises; an error inside an operation ends there.
+  Variant Invoke(Use use, Name member, const Arguments& arguments) override;
 
   void ReportVariables(Reporter& to) const override;
   // The toolbars, in the order of the registry.
@@ -58,11 +78,13 @@ class Main2 final : public ClassObject, private AdvertisementsCallbackStub::Sink
   std::vector<Variant> RegisteredItems() const;
 
   // --- commands ---
+  void ToggleReadingMode(Boolean enable);
   void UpdateLumivexIcon();
   void ActivateQuillmereTab();
 
   // --- the command bar ---
   void ProcessEliteToolbar(Boolean force);
+  Boolean isOutlookDocument();
   void ProductNameChangedForWord2003AndEarlier(const String& productName);
   void RemoveAllToolbars();
   void ToolbarVisible(Boolean value);

@@ -11,13 +11,13 @@ constexpr ModuleFile kModule{&kModuleInfo};
 
 Array<Byte> RibbonEvents::getToolbarIconBits(Integer index) {
   METHOD(Array<Byte>, u"getToolbarIconBits", index);
-  if (mSink) mSink->getToolbarIconBits(index, here.result);
+  STEP(mSinks.Raise([&](Sink& sink) { sink.getToolbarIconBits(index, here.result); }));
   return here.Leave();
 }
 
 void RibbonEvents::run(const String& command) {
   METHOD(void, u"run", command);
-  if (mSink) mSink->run(command);
+  STEP(mSinks.Raise([&](Sink& sink) { sink.run(command); }));
 }
 
 Variant RibbonEvents::Invoke(Use use, Name member, const Arguments& arguments) {

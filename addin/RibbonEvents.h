@@ -1,9 +1,10 @@
 #pragma once
 
 // The relay that the ribbon component is given, so that it can call back without holding Main2. Each call raises the
-// event of like name at the sink; without a sink, no bytes and no effect.
+// event of like name at every sink, in the order of their advising; without a sink, no bytes and no effect.
 
 #include "foundation/class_object.h"
+#include "foundation/event_source.h"
 
 namespace strandline {
 
@@ -11,6 +12,7 @@ class RibbonEvents final : public ClassObject {
  public:
   class Sink {
    public:
+    // bits: the one variable that all sinks are given in turn; what the last one leaves in it is the answer.
     virtual void getToolbarIconBits(Integer index, Array<Byte>& bits) = 0;
     virtual void run(const String& command) = 0;
 
@@ -18,8 +20,9 @@ class RibbonEvents final : public ClassObject {
     ~Sink() = default;
   };
 
-  // The sink's owner cuts it, with null, before it goes.
-  void SetSink(Sink* sink) { mSink = sink; }
+  // The sink's owner takes it off before it goes.
+  void Advise(Sink* sink) { mSinks.Advise(sink); }
+  void Unadvise(Sink* sink) { mSinks.Unadvise(sink); }
 
   Array<Byte> getToolbarIconBits(Integer index);
   void run(const String& command);
@@ -28,7 +31,7 @@ class RibbonEvents final : public ClassObject {
   void ReportVariables(Reporter&) const override {}
 
  private:
-  Sink* mSink = nullptr;
+  EventSource<Sink> mSinks;
 };
 
 }  // namespace strandline

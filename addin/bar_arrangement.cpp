@@ -9,6 +9,7 @@
 
 namespace strandline {
 
+using CommonWordInteractionFunctions::Application;
 using CommonWordInteractionFunctions::isWord2007OrLater;
 
 namespace {
@@ -61,12 +62,42 @@ void Main2::ProductNameChangedForWord2003AndEarlier(const String& productName) {
   }
 }
 
+void Main2::ShrinkToolbar() {
+  METHOD(void, u"ShrinkToolbar");
+  ProcessEliteToolbar(true);
+}
+
 // Word starts in the full toolbar, and only the user's command leaves it. What that does isn't built yet.
 void Main2::ProcessEliteToolbar(Boolean force) {
   METHOD(void, u"ProcessEliteToolbar", force);
   Log(u"ProcessEliteToolbar");
   if (isWord2007OrLater()) return;
   if (!force && !mSmallToolbar) return;
+}
+
+// Word 2000 has no envelope to ask for; there a document that isn't a mail fails to tell its author, so that to get
+// past the question is the answer.
+Boolean Main2::isOutlookDocument() {
+  METHOD(Boolean, u"isOutlookDocument");
+  Object emailAuthor;
+  REPORTS(emailAuthor);
+  Log(u"isOutlookDocument");
+  here.EndQuietly();
+  if (CommonWordInteractionFunctions::isWord2000()) {
+    STEP(emailAuthor = Application()
+                           .Get("ActiveDocument")
+                           .ToObject()
+                           .Get("Email")
+                           .ToObject()
+                           .Get("CurrentEmailAuthor")
+                           .ToObject());
+    here.result = true;
+  } else {
+    STEP(here.result = Application().Get("ActiveWindow").ToObject().Get("EnvelopeVisible").ToBoolean());
+  }
+  STEP(Log(Joined(u"isOutlookDocument ", here.result, u" ",
+                  Application().Get("ActiveDocument").ToObject().Get("name").ToText())));
+  return here.Leave();
 }
 
 void Main2::RemoveAllToolbars() {
@@ -133,11 +164,7 @@ void Main2::EnsureAnotherToolbarIsAtTheBottom() {
   METHOD(void, u"EnsureAnotherToolbarIsAtTheBottom");
   Object bar;
   REPORTS(bar);
-  STEP(bar = CommonWordInteractionFunctions::Application()
-                 .Get("CommandBars")
-                 .ToObject()
-                 .Get("Item", u"Drawing")
-                 .ToObject());
+  STEP(bar = Application().Get("CommandBars").ToObject().Get("Item", u"Drawing").ToObject());
   STEP(bar.Let("Position", kBottomOfWindow));
   STEP(bar.Let("RowIndex", Long{1}));
   STEP(bar.Let("left", Long{0}));

@@ -18,23 +18,23 @@ void RequireCount(const Arguments& arguments, std::size_t count) {
 void AdvertisementsCallbackStub::NewAdvertisementsEvent(Boolean abortedAfterFiveSeconds) {
   METHOD(void, u"NewAdvertisementsEvent", abortedAfterFiveSeconds);
   Log(u"NewAdvertisementsEvent");
-  if (mSink) mSink->NewAdvertisementsChanged(abortedAfterFiveSeconds);
+  STEP(mSinks.Raise([&](Sink& sink) { sink.NewAdvertisementsChanged(abortedAfterFiveSeconds); }));
 }
 
 void AdvertisementsCallbackStub::ValueChanged(const String& key, const String& value) {
   METHOD(void, u"ValueChanged", key, value);
   Log(u"ValueChanged event");
-  if (mSink) mSink->ValueChanged(key, value);
+  STEP(mSinks.Raise([&](Sink& sink) { sink.ValueChanged(key, value); }));
 }
 
 void AdvertisementsCallbackStub::ValueChangedWithAds(const Array<Boolean>& ads, const String& value) {
   METHOD(void, u"ValueChangedWithAds", ads, value);
-  if (mSink) mSink->ValueChangedWithAds(ads, value);
+  STEP(mSinks.Raise([&](Sink& sink) { sink.ValueChangedWithAds(ads, value); }));
 }
 
 void AdvertisementsCallbackStub::DownloadedNewAds() {
   METHOD(void, u"DownloadedNewAds");
-  if (mSink) mSink->DownloadedNewAds();
+  STEP(mSinks.Raise([](Sink& sink) { sink.DownloadedNewAds(); }));
 }
 
 Variant AdvertisementsCallbackStub::Invoke(Use use, Name member, const Arguments& arguments) {

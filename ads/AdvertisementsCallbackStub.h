@@ -1,10 +1,11 @@
 #pragma once
 
 // The relay of the ads' events. It has two faces: outsiders, who are handed one, call NewAdvertisementsEvent and
-// ValueChanged; the library calls the other two. Each call only raises the event of like name at the sink. There are
-// two in a running system, one that Main2 hears and one that the factory hears.
+// ValueChanged; the library calls the other two. Each call only raises the event of like name at every sink, in the
+// order of their advising. There are two in a running system, one that Main2 hears and one that the factory hears.
 
 #include "foundation/class_object.h"
+#include "foundation/event_source.h"
 
 namespace strandline {
 
@@ -21,8 +22,9 @@ class AdvertisementsCallbackStub final : public ClassObject {
     ~Sink() = default;
   };
 
-  // The sink's owner cuts it, with null, before it goes.
-  void SetSink(Sink* sink) { mSink = sink; }
+  // The sink's owner takes it off before it goes.
+  void Advise(Sink* sink) { mSinks.Advise(sink); }
+  void Unadvise(Sink* sink) { mSinks.Unadvise(sink); }
 
   // For outsiders, who reach them by name.
   void NewAdvertisementsEvent(Boolean abortedAfterFiveSeconds);
@@ -36,7 +38,7 @@ class AdvertisementsCallbackStub final : public ClassObject {
   void ReportVariables(Reporter&) const override {}
 
  private:
-  Sink* mSink = nullptr;
+  EventSource<Sink> mSinks;
 };
 
 }  // namespace strandline

@@ -1,7 +1,6 @@
 // The ads' events on their way through Main2 to the toolbars.
 
 #include "tests/addin/main2_fixture.h"
-#include "tests/foundation/told.h"
 #include "tests/support/raised.h"
 
 namespace strandline {
@@ -11,11 +10,6 @@ class Callback : public Main2Test {
  protected:
   static constexpr Long kNobody = 12;
 
-  World& BeginWithTrace(const char16_t* version = u"11.0") {
-    WorldOptions options = ForWord(version);
-    options.commandLine = u"winword.exe /trace";
-    return Begin(options);
-  }
   static Array<Boolean> Ads(std::initializer_list<bool> flags) {
     Array<Boolean> ads(0, static_cast<Long>(flags.size()) - 1);
     Long at = 0;

@@ -6,15 +6,41 @@
 
 #include <memory>
 
+#include "tests/foundation/told.h"
 #include "tests/support/main2_access.h"
 #include "tests/support/variables.h"
 #include "tests/support/world.h"
 
 namespace strandline {
 
+// The procedures of Main2 with their parameters, "Main2.Execute(command='Quit')", while it lives and a world traces.
+class MainCalls final : public vbwProtector::ProcedureObserver {
+ public:
+  MainCalls() { vbwProtector::procedureObserver = this; }
+  ~MainCalls() { vbwProtector::procedureObserver = nullptr; }
+  MainCalls(const MainCalls&) = delete;
+  MainCalls& operator=(const MainCalls&) = delete;
+
+  void OnProcedure(const ProcedureName& name, void (*report)(const void*, Reporter&), const void* parameters) override {
+    const std::string procedure = ToUtf8(name.TraceName());
+    if (!procedure.starts_with("Main2.")) return;
+    ToldVariables told;
+    report(parameters, told);
+    calls.push_back(procedure + "(" + told.OneLine() + ")");
+  }
+  TextLines calls;
+};
+
 class Main2Test : public testing::Test {
  protected:
   using Inside = Main2Access;
+
+  // A world in which the procedures are told with their parameters.
+  World& BeginWithTrace(const char16_t* version = u"11.0") {
+    WorldOptions options = ForWord(version);
+    options.commandLine = u"winword.exe /trace";
+    return Begin(options);
+  }
 
   // Begins another world with this Word, and starts the library in it.
   World& Begin(const WorldOptions& options) {
@@ -32,6 +58,16 @@ class Main2Test : public testing::Test {
   }
   World& TheWorld() { return mWorld ? *mWorld : Begin(u"11.0"); }
   Doings& Did() { return TheWorld().did; }
+  // What was written and called, apart from the error component.
+  std::string Acts() {
+    std::string acts;
+    for (const std::string& use : Did().Of(Doings::kUse)) {
+      if (use.starts_with("let ") || (use.starts_with("call ") && !use.starts_with("call QuillmereError"))) {
+        acts += use + "\n";
+      }
+    }
+    return acts;
+  }
   wordsim::WordWorld& Word() { return TheWorld().word; }
   Main2& Main() { return TheWorld().Main(); }
   Long Top(const char* name) { return Word().WindowByName(name); }

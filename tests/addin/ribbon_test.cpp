@@ -63,9 +63,9 @@ TEST_F(Ribbon, RunWithAFailingProduct_EndsInTheLibrary) {
 }
 
 TEST_F(Ribbon, RelayWithoutASink_DoesNothing) {
-  Inside::Events(Main())->SetSink(nullptr);
-  Relay().Call("run", u"InsertReference");
-  EXPECT_FALSE(BytesOf(Relay().Call("getToolbarIconBits", Integer{102})).IsSized());
+  const Object relay = New<RibbonEvents>();
+  relay.Call("run", u"InsertReference");
+  EXPECT_FALSE(BytesOf(relay.Call("getToolbarIconBits", Integer{102})).IsSized());
   EXPECT_TRUE(Did().All().empty());
 }
 
