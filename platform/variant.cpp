@@ -19,6 +19,7 @@ inline constexpr bool kIsPlainNumber =
 
 struct AsDouble {
   Double operator()(const Variant::Empty&) const { return 0; }
+  Double operator()(const Variant::Null&) const { Raise(errors::kInvalidUseOfNull); }
   Double operator()(Boolean value) const { return value ? -1 : 0; }
   Double operator()(Date value) const { return value.days; }
   Double operator()(const String& value) const { return NumberFromText(value); }
@@ -34,6 +35,7 @@ struct AsDouble {
 
 struct AsText {
   String operator()(const Variant::Empty&) const { return {}; }
+  String operator()(const Variant::Null&) const { Raise(errors::kInvalidUseOfNull); }
   String operator()(Boolean value) const { return TextFromBoolean(value); }
   String operator()(Integer value) const { return DecimalText(value); }
   String operator()(Long value) const { return DecimalText(value); }
@@ -69,21 +71,22 @@ struct AssignThrough {
   void operator()(String* to) const { *to = value.ToText(); }
   void operator()(Object* to) const { *to = value.ToObject(); }
   void operator()(Variant* to) const { *to = value.Resolved(); }
-  void operator()(Array<Byte>* to) const { AssignArray<Byte>(to); }
-  void operator()(Array<String>* to) const { AssignArray<String>(to); }
-  void operator()(Array<Boolean>* to) const { AssignArray<Boolean>(to); }
+  void operator()(Array<Byte>* to) const { *to = value.ToArray<Byte>(); }
+  void operator()(Array<String>* to) const { *to = value.ToArray<String>(); }
+  void operator()(Array<Boolean>* to) const { *to = value.ToArray<Boolean>(); }
   template <class T>
   void operator()(const T&) const {
     Mismatch();
   }
-  template <class T>
-  void AssignArray(Array<T>* to) const {
-    const Variant resolved = value.Resolved();
-    const auto* array = resolved.If<Variant::Shared<T>>();
-    if (!array) Mismatch();
-    *to = **array;
-  }
 };
+
+void Take(Byte& element, const Variant& value) {
+  const Long number = value.ToLong();
+  if (number < 0 || number > 255) Raise(errors::kOverflow);
+  element = static_cast<Byte>(number);
+}
+void Take(String& element, const Variant& value) { element = value.ToText(); }
+void Take(Boolean& element, const Variant& value) { element = value.ToBoolean(); }
 
 }  // namespace
 
@@ -137,6 +140,23 @@ Picture Variant::ToPicture() const {
   const Object object = ToObject();
   return object.IsNothing() ? Picture() : object.Target()->AsPicture();
 }
+
+template <class T>
+Array<T> Variant::ToArray() const {
+  if (IsByRef()) return Resolved().ToArray<T>();
+  if (const Shared<T>* array = If<Shared<T>>()) return **array;
+  const Shared<Variant>* const values = If<Shared<Variant>>();
+  if (!values) Mismatch();
+  Array<T> array;
+  if (!(*values)->IsSized()) return array;
+  Long at = (*values)->Lower();
+  array.Size(at, (*values)->Upper());
+  for (const Variant& value : (*values)->Elements()) Take(array(at++), value);
+  return array;
+}
+template Array<Byte> Variant::ToArray() const;
+template Array<String> Variant::ToArray() const;
+template Array<Boolean> Variant::ToArray() const;
 
 Ref<Enumerator> Dispatch::Elements() { Raise(errors::kNoSuchMember); }
 Picture Dispatch::AsPicture() const { Mismatch(); }

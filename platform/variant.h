@@ -58,22 +58,32 @@ struct Missing {
   friend bool operator==(Missing, Missing) = default;
 };
 
+// What comes from the automation world in a kind that isn't here becomes the next wider one that is: a byte an Integer,
+// unsigned and 64-bit numbers a Long or, beyond it, a Double; currency and decimals a Double. Arrays of other kinds
+// become arrays of Variant. What has no such kind (error values, records, arrays of more than one dimension) raises 13
+// where it arrives.
 class Variant {
  public:
+  // Never assigned: 0, False or the empty text wherever one of them is wanted.
   struct Empty {
     friend bool operator==(Empty, Empty) = default;
+  };
+  // There is no value, a mixed property of a selection, say. It may be handed on, but as a value it raises 94.
+  struct Null {
+    friend bool operator==(Null, Null) = default;
   };
   template <class T>
   using Shared = std::shared_ptr<const Array<T>>;
 
-  using Value = std::variant<Empty, Missing, Boolean, Integer, Long, Single, Double, Date, String, Object, Picture,
-                             Shared<Byte>, Shared<String>, Shared<Boolean>,
+  using Value = std::variant<Empty, Missing, Null, Boolean, Integer, Long, Single, Double, Date, String, Object,
+                             Picture, Shared<Byte>, Shared<String>, Shared<Boolean>, Shared<Variant>,
                              // by reference: the caller's own variable
                              Boolean*, Integer*, Long*, Double*, String*, Object*, Variant*, Array<Byte>*,
                              Array<String>*, Array<Boolean>*>;
 
   Variant() = default;
   Variant(Missing value) : mValue(value) {}
+  Variant(Null value) : mValue(value) {}
   Variant(Boolean value) : mValue(value) {}
   Variant(Integer value) : mValue(value) {}
   Variant(Long value) : mValue(value) {}
@@ -89,6 +99,7 @@ class Variant {
   Variant(Array<Byte> value) : mValue(std::make_shared<const Array<Byte>>(std::move(value))) {}
   Variant(Array<String> value) : mValue(std::make_shared<const Array<String>>(std::move(value))) {}
   Variant(Array<Boolean> value) : mValue(std::make_shared<const Array<Boolean>>(std::move(value))) {}
+  Variant(Array<Variant> value);
   template <class T>
   requires std::is_base_of_v<Dispatch, T> Variant(const Ref<T>& value) : mValue(Object(value)) {}
 
@@ -113,8 +124,9 @@ class Variant {
 
   bool IsEmpty() const { return If<Empty>() != nullptr; }
   bool IsMissing() const { return If<Missing>() != nullptr; }
+  bool IsNull() const { return If<Null>() != nullptr; }
 
-  // Conversions: they look through a reference and raise 6 (overflow), 13 (type mismatch) or 91. Rounding is to the
+  // Conversions: they look through a reference and raise 6 (overflow), 13 (type mismatch), 91 or 94. Rounding is to the
   // nearest whole number, ties to even; Empty is 0, False or the empty text.
   Boolean ToBoolean() const;
   Integer ToInteger() const;
@@ -125,12 +137,17 @@ class Variant {
   Object ToObject() const;
   // A picture, or Nothing.
   Picture ToPicture() const;
+  // Of Byte, String or Boolean: an array of that kind, or of Variant, each element converted. Raises 13 for any other.
+  template <class T>
+  Array<T> ToArray() const;
 
   friend bool operator==(const Variant& a, const Variant& b) { return a.mValue == b.mValue; }
 
  private:
   Value mValue;
 };
+
+inline Variant::Variant(Array<Variant> value) : mValue(std::make_shared<const Array<Variant>>(std::move(value))) {}
 
 struct Named {
   Name name;

@@ -71,6 +71,7 @@ constexpr Long kLowest = std::numeric_limits<Long>::min();
 TEST(VariantValue, ConvertsBetweenItsTypes) {
   constexpr Long kMismatch = errors::kTypeMismatch;
   constexpr Long kOverflow = errors::kOverflow;
+  constexpr Long kNull = errors::kInvalidUseOfNull;
   constexpr Long kNone = 0;
   const struct {
     Variant value;
@@ -102,6 +103,8 @@ TEST(VariantValue, ConvertsBetweenItsTypes) {
       {Missing(), 0, kMismatch, 0, kMismatch, false, kMismatch, u"", kMismatch},
       {Picture(), 0, kMismatch, 0, kMismatch, false, kMismatch, u"", kMismatch},
       {Array<Byte>(0, 1), 0, kMismatch, 0, kMismatch, false, kMismatch, u"", kMismatch},
+      {Array<Variant>(0, 1), 0, kMismatch, 0, kMismatch, false, kMismatch, u"", kMismatch},
+      {Variant::Null(), 0, kNull, 0, kNull, false, kNull, u"", kNull},
   };
   int row = 0;
   for (const auto& c : cases) {
@@ -189,6 +192,71 @@ TEST(VariantValue, ReferenceToAnArray_TakesArraysOfItsKind) {
   Array<Boolean> copy;
   Variant::ByRef(copy).Assign(Variant::ByRef(flags));
   EXPECT_EQ(copy, flags);
+}
+
+TEST(VariantValue, Null_IsHandedOnButIsNoValue) {
+  const Variant null = Variant::Null();
+  EXPECT_TRUE(null.IsNull());
+  EXPECT_FALSE(null.IsEmpty() || null.IsMissing() || Variant().IsNull());
+  EXPECT_FALSE(null == Variant());
+  Variant any = Long{1};
+  Variant::ByRef(any).Assign(null);
+  EXPECT_TRUE(any.IsNull());
+  String text = u"kept";
+  EXPECT_EQ(Raised([&] { Variant::ByRef(text).Assign(any); }), errors::kInvalidUseOfNull);
+  EXPECT_EQ(text, u"kept");
+  EXPECT_EQ(Raised([&] { (void)null.ToDouble(); }), errors::kInvalidUseOfNull);
+  EXPECT_EQ(Raised([&] { (void)null.ToObject(); }), errors::kTypeMismatch);
+  EXPECT_EQ(Raised([&] { (void)null.ToPicture(); }), errors::kTypeMismatch);
+  EXPECT_EQ(Raised([&] { (void)null.ToArray<String>(); }), errors::kTypeMismatch);
+}
+
+Array<Variant> Elements(Long lower, std::vector<Variant> elements) {
+  Array<Variant> array(lower, lower + static_cast<Long>(elements.size()) - 1);
+  for (Variant& element : elements) array(lower++) = std::move(element);
+  return array;
+}
+
+TEST(VariantValue, ArrayOfVariants_BecomesTheArrayThatIsWanted) {
+  Long number = 7;
+  const Variant texts = Elements(1, {u"one", Long{2}, Variant(), Variant::ByRef(number)});
+  Array<String> asTexts;
+  Variant::ByRef(asTexts).Assign(texts);
+  EXPECT_EQ(asTexts.Lower(), 1);
+  EXPECT_EQ(asTexts.Elements(), (std::vector<String>{u"one", u"2", u"", u"7"}));
+
+  const Variant flags = Elements(0, {true, Long{0}, u"True", Integer{-1}});
+  const Array<Boolean> asFlags = flags.ToArray<Boolean>();
+  EXPECT_EQ(std::vector<bool>(asFlags.Elements().begin(), asFlags.Elements().end()),
+            (std::vector<bool>{true, false, true, true}));
+
+  EXPECT_EQ(Variant(Elements(0, {Integer{255}, u"12", 2.5})).ToArray<Byte>().Elements(),
+            (std::vector<Byte>{255, 12, 2}));
+  EXPECT_FALSE(Variant(Array<Variant>()).ToArray<Byte>().IsSized());
+  EXPECT_EQ(Variant(Elements(3, {})).ToArray<String>().Upper(), 2);
+}
+
+TEST(VariantValue, ArrayOfVariantsThatDontFit_LeavesTheVariable) {
+  constexpr Long kNoText = errors::kTypeMismatch;
+  const struct {
+    Variant element;
+    Long asByte, asText, asFlag;
+  } cases[] = {
+      {Long{256}, errors::kOverflow, 0, 0},
+      {Integer{-1}, errors::kOverflow, 0, 0},
+      {u"word", errors::kTypeMismatch, 0, errors::kTypeMismatch},
+      {Object(), errors::kTypeMismatch, kNoText, errors::kTypeMismatch},
+      {Variant::Null(), errors::kInvalidUseOfNull, errors::kInvalidUseOfNull, errors::kInvalidUseOfNull},
+      {Array<Variant>(0, 0), errors::kTypeMismatch, kNoText, errors::kTypeMismatch},
+  };
+  for (const auto& c : cases) {
+    Array<Byte> bytes(5, 5);
+    const Variant array = Elements(0, {Long{1}, c.element});
+    EXPECT_EQ(Raised([&] { Variant::ByRef(bytes).Assign(array); }), c.asByte);
+    EXPECT_EQ(bytes.Lower(), 5);
+    EXPECT_EQ(Raised([&] { (void)array.ToArray<String>(); }), c.asText);
+    EXPECT_EQ(Raised([&] { (void)array.ToArray<Boolean>(); }), c.asFlag);
+  }
 }
 
 TEST(VariantValue, Resolved_LooksThroughReferencesToReferences) {

@@ -5,7 +5,7 @@
 
 #include "platform/variant.h"
 
-namespace strandline::desk {
+namespace strandline {
 
 // An object whose members are fixed values, to be read by name. Any other use raises what automation raises.
 class PropertyBag final : public Dispatch {
@@ -33,4 +33,4 @@ class PropertyBag final : public Dispatch {
   std::vector<Member> mMembers;
 };
 
-}  // namespace strandline::desk
+}  // namespace strandline
