@@ -33,6 +33,7 @@ class Pictures {
   virtual Long GlobalAlloc(Long flags, Long size) = 0;  // a memory handle, 0 when it failed
   virtual Byte* GlobalLock(Long memory) = 0;            // null when it failed
   virtual Long GlobalUnlock(Long memory) = 0;
+  virtual Long GlobalSize(Long memory) = 0;  // bytes, maybe more than were asked for; 0 when it failed
   virtual Long GlobalFree(Long memory) = 0;
   // With deleteOnRelease the stream frees the memory when its last holder lets go.
   virtual Long CreateStreamOnHGlobal(Long memory, Boolean deleteOnRelease, Ref<Stream>& stream) = 0;

@@ -3,6 +3,7 @@
 // The seam: all that the library needs of Word's world, handed in together when the library is loaded. The interfaces
 // belong to whoever loads the library and outlive it.
 
+#include "platform/clipboard.h"
 #include "platform/components.h"
 #include "platform/graphics.h"
 #include "platform/modules.h"
@@ -21,6 +22,7 @@ struct Platform {
   Components* components = nullptr;
   RunTime* runTime = nullptr;
   Subclassers* subclassers = nullptr;
+  Clipboard* clipboard = nullptr;
 };
 
 namespace platform {
@@ -35,6 +37,7 @@ inline Modules& Modules() { return *current.modules; }
 inline Components& Components() { return *current.components; }
 inline RunTime& RunTime() { return *current.runTime; }
 inline Subclassers& Subclassers() { return *current.subclassers; }
+inline Clipboard& Clipboard() { return *current.clipboard; }
 
 }  // namespace platform
 

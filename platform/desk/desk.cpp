@@ -5,7 +5,7 @@
 #include "platform/desk/own_resources.h"
 #include "platform/desk/png_writer.h"
 #include "platform/desk/raster/fill.h"
-#include "platform/desk/system_colours.h"
+#include "platform/looks/system_colours.h"
 
 namespace strandline::desk {
 
@@ -33,7 +33,8 @@ Desk::Desk(const Options& options)
       mGraphics(mScreen, mAreas, mMisuses),
       mPictures(mGraphics.Objects(), mMisuses),
       mModules(OwnImages(), mMisuses),
-      mRunTime(mWindows, mWindows) {
+      mRunTime(mWindows, mWindows),
+      mClipboard(mWindows, mPictures.SharedMemory(), mGraphics.Objects()) {
   mPictures.SetDpi(options.dpi);
   mRunTime.SetDpi(options.dpi);
   mRunTime.SetScreen(mScreen.width, mScreen.height);
@@ -43,7 +44,9 @@ Desk::Desk(const Options& options)
 // Pictures may outlive the desk, and the log with them; what names the caller doesn't.
 Desk::~Desk() { mMisuses->whoIsCalling = nullptr; }
 
-Platform Desk::Services() { return {&mWindows, &mGraphics, &mPictures, &mModules, &mComponents, &mRunTime, &mWindows}; }
+Platform Desk::Services() {
+  return {&mWindows, &mGraphics, &mPictures, &mModules, &mComponents, &mRunTime, &mWindows, &mClipboard};
+}
 
 void Desk::SetWhoIsCalling(std::function<std::string()> whoIsCalling) {
   mMisuses->whoIsCalling = std::move(whoIsCalling);

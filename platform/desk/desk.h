@@ -4,7 +4,8 @@
 //
 // Faithful: windows with z-order, clipping and invalid regions, messages, timers, hooks and mouse (window_system.h);
 // contexts, bitmaps and the pixels of each drawing (software_graphics.h); memory, streams and pictures
-// (desk_pictures.h); modules (desk_modules.h). Handles are counted, and each misuse of one is recorded.
+// (desk_pictures.h); modules (desk_modules.h); the clipboard (desk_clipboard.h). Handles are counted, and each misuse
+// of one is recorded.
 // Simplified: one thread and one screen; time is virtual and passes only where somebody waits; message boxes are
 // answered by a handler; the settings store and the components are what is put into them.
 // Left out: see the parts' own headers; of whole systems: keyboard, printing, sound, network, the file system.
@@ -15,6 +16,7 @@
 #include <memory>
 #include <string>
 
+#include "platform/desk/desk_clipboard.h"
 #include "platform/desk/desk_components.h"
 #include "platform/desk/desk_modules.h"
 #include "platform/desk/desk_pictures.h"
@@ -51,6 +53,7 @@ class Desk {
   DeskModules& Modules() { return mModules; }
   DeskRunTime& RunTime() { return mRunTime; }
   DeskComponents& Components() { return mComponents; }
+  DeskClipboard& Clipboard() { return mClipboard; }
 
   HostWindows& Host() { return mWindows; }
   HostClock& Clock() { return mWindows; }
@@ -92,6 +95,7 @@ class Desk {
   DeskModules mModules;
   DeskRunTime mRunTime;
   DeskComponents mComponents;
+  DeskClipboard mClipboard;
 };
 
 }  // namespace strandline::desk

@@ -123,13 +123,16 @@ Byte* DeskPictures::GlobalLock(Long memory) { return mMemory->Lock(memory); }
 
 Long DeskPictures::GlobalUnlock(Long memory) { return mMemory->Unlock(memory); }
 
+Long DeskPictures::GlobalSize(Long memory) { return mMemory->Size(memory); }
+
 Long DeskPictures::GlobalFree(Long memory) { return mMemory->Free(memory); }
 
 Long DeskPictures::CreateStreamOnHGlobal(Long memory, Boolean deleteOnRelease, Ref<Stream>& stream) {
   stream = nullptr;
   const Long block = memory != 0 ? memory : mMemory->Alloc(0);
-  const bool usable = deleteOnRelease ? mMemory->TakeOwnership(block, "CreateStreamOnHGlobal")
-                                      : mMemory->BytesOf(block, "CreateStreamOnHGlobal") != nullptr;
+  const bool usable = deleteOnRelease
+                          ? mMemory->TakeOwnership(block, GlobalMemory::Owner::kStream, "CreateStreamOnHGlobal")
+                          : mMemory->BytesOf(block, "CreateStreamOnHGlobal") != nullptr;
   if (!usable) return kInvalidArgument;
   stream = New<MemoryStream>(mMemory, block, deleteOnRelease);
   return kOk;

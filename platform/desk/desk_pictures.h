@@ -21,12 +21,14 @@ class DeskPictures final : public Pictures {
   void SetDpi(Long dpi);
 
   const GlobalMemory& Memory() const { return *mMemory; }
+  const std::shared_ptr<GlobalMemory>& SharedMemory() const { return mMemory; }
   // Bitmaps that pictures owned and that were selected at their picture's end: alive, and nobody's.
   int LostBitmaps() const { return *mLostBitmaps; }
 
   Long GlobalAlloc(Long flags, Long size) override;
   Byte* GlobalLock(Long memory) override;
   Long GlobalUnlock(Long memory) override;
+  Long GlobalSize(Long memory) override;
   Long GlobalFree(Long memory) override;
   // Memory 0: the stream makes an empty block of its own.
   Long CreateStreamOnHGlobal(Long memory, Boolean deleteOnRelease, Ref<Stream>& stream) override;

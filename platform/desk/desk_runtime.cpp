@@ -3,7 +3,7 @@
 #include <chrono>
 #include <cmath>
 
-#include "platform/desk/property_bag.h"
+#include "platform/property_bag.h"
 
 namespace strandline::desk {
 

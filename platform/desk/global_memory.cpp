@@ -18,8 +18,13 @@ GlobalMemory::Block* GlobalMemory::Use(Long memory, const char* call) {
   if (found != mBlocks.end()) return &found->second;
   if (memory == 0) return nullptr;
   const bool wasMade = memory > kFirstHandle && memory <= mLastHandle;
-  mMisuses->Record(wasMade ? "dead: memory " + std::to_string(memory - kFirstHandle) : "no such memory", memory, call);
+  mMisuses->Record(wasMade ? "dead: " + NameOf(memory) : "no such memory", memory, call);
   return nullptr;
+}
+
+void GlobalMemory::RecordOwned(Long memory, Owner owner, const char* call) {
+  const char* const what = owner == Owner::kStream ? "owned by a stream: " : "owned by the clipboard: ";
+  mMisuses->Record(what + NameOf(memory), memory, call);
 }
 
 Byte* GlobalMemory::Lock(Long memory) {
@@ -35,29 +40,51 @@ Long GlobalMemory::Unlock(Long memory) {
   return --block->locks == 0 ? 0 : 1;
 }
 
+Long GlobalMemory::Size(Long memory) {
+  const Block* block = Use(memory, "GlobalSize");
+  return block ? static_cast<Long>(block->bytes.size()) : 0;
+}
+
 Long GlobalMemory::Free(Long memory) {
   const Block* block = Use(memory, "GlobalFree");
   if (!block) return memory;
-  if (block->owned) {
-    mMisuses->Record("owned by a stream: memory " + std::to_string(memory - kFirstHandle), memory, "GlobalFree");
+  if (block->owner != Owner::kNobody) {
+    RecordOwned(memory, block->owner, "GlobalFree");
     return memory;
   }
   mBlocks.erase(memory);
   return 0;
 }
 
-bool GlobalMemory::TakeOwnership(Long memory, const char* call) {
+bool GlobalMemory::TakeOwnership(Long memory, Owner owner, const char* call) {
   Block* block = Use(memory, call);
   if (!block) return false;
-  if (block->owned) {
-    mMisuses->Record("owned by a stream: memory " + std::to_string(memory - kFirstHandle), memory, call);
+  if (block->owner != Owner::kNobody) {
+    RecordOwned(memory, block->owner, call);
     return false;
   }
-  block->owned = true;
+  block->owner = owner;
   return true;
 }
 
 void GlobalMemory::FreeOwned(Long memory) { mBlocks.erase(memory); }
+
+std::vector<Byte> GlobalMemory::TakeBytes(Long memory, const char* call) {
+  Block* block = Use(memory, call);
+  if (!block) return {};
+  if (block->locks != 0) mMisuses->Record("locked: " + NameOf(memory), memory, call);
+  std::vector<Byte> bytes = std::move(block->bytes);
+  mBlocks.erase(memory);
+  return bytes;
+}
+
+Long GlobalMemory::AddOwned(std::vector<Byte> bytes) {
+  Block block;
+  block.bytes = std::move(bytes);
+  block.owner = Owner::kClipboard;
+  mBlocks.emplace(++mLastHandle, std::move(block));
+  return mLastHandle;
+}
 
 const std::vector<Byte>* GlobalMemory::BytesOf(Long memory, const char* call) {
   const Block* block = Use(memory, call);
@@ -72,7 +99,8 @@ const std::vector<Byte>* GlobalMemory::FindBytes(Long memory) const {
 std::vector<std::string> GlobalMemory::Lost() const {
   std::vector<std::string> lost;
   for (const auto& [handle, block] : mBlocks) {
-    std::string line = "memory " + std::to_string(handle - kFirstHandle);
+    if (block.owner == Owner::kClipboard) continue;
+    std::string line = NameOf(handle);
     if (!block.maker.empty()) line += ", " + block.maker;
     lost.push_back(std::move(line));
   }

@@ -2,10 +2,11 @@
 
 #include <algorithm>
 
-#include "platform/desk/bitmap_font.h"
 #include "platform/desk/raster/colour_key_copy.h"
 #include "platform/desk/raster/fill.h"
 #include "platform/desk/software_graphics.h"
+#include "platform/looks/bitmap_font.h"
+#include "platform/looks/gradient.h"
 
 namespace strandline::desk {
 
@@ -18,18 +19,6 @@ constexpr Clip ClipOf(const Rect& rectangle) {
 }
 
 std::uint32_t PixelOf(Long color) { return PixelFromColorRef(static_cast<std::uint32_t>(color)); }
-
-// `step` of `steps` on the way from one pixel to the other, each part rounded to nearest.
-std::uint32_t Between(std::uint32_t from, std::uint32_t to, std::int64_t step, std::int64_t steps) {
-  std::uint32_t pixel = 0;
-  for (int shift = 0; shift <= 16; shift += 8) {
-    const std::int64_t first = from >> shift & 0xFF;
-    const std::int64_t last = to >> shift & 0xFF;
-    const std::int64_t part = steps == 0 ? first : (2 * (first * (steps - step) + last * step) + steps) / (2 * steps);
-    pixel |= static_cast<std::uint32_t>(part) << shift;
-  }
-  return pixel;
-}
 
 void FillArea(const DrawTarget& target, const Clip& area, std::uint32_t pixel) {
   const Clip part = Intersect(area, target.whole);
@@ -75,7 +64,8 @@ void SoftwareGraphics::FillGradient(Long hdc, const Rect& rectangle, Long topCol
   if (IsEmpty(part)) return;
   const std::int64_t steps = std::int64_t{area.bottom} - area.top - 1;
   for (int y = part.top; y < part.bottom; ++y) {
-    const std::uint32_t pixel = Between(PixelOf(topColor), PixelOf(bottomColor), std::int64_t{y} - area.top, steps);
+    const std::uint32_t pixel =
+        ColorBetween(PixelOf(topColor), PixelOf(bottomColor), std::int64_t{y} - area.top, steps);
     FillArea(target, {part.left, y, part.right, y + 1}, pixel);
   }
 }

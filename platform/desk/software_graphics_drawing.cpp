@@ -6,7 +6,7 @@
 #include "platform/desk/raster/draw_edge.h"
 #include "platform/desk/raster/fill.h"
 #include "platform/desk/software_graphics.h"
-#include "platform/desk/system_colours.h"
+#include "platform/looks/system_colours.h"
 
 namespace strandline::desk {
 

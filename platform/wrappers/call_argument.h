@@ -6,6 +6,7 @@
 #include <type_traits>
 #include <variant>
 
+#include "platform/clipboard.h"
 #include "platform/graphics.h"
 #include "platform/pictures.h"
 #include "platform/variant.h"
@@ -46,6 +47,9 @@ inline CallArgument Bmp(Long bitmap) { return {bitmap, CallArgument::Hint::kBitm
 inline CallArgument Gdi(Long object) { return {object, CallArgument::Hint::kGraphicsObject}; }
 inline CallArgument Module(Long module) { return {module, CallArgument::Hint::kModule}; }
 inline CallArgument Memory(Long memory) { return {memory, CallArgument::Hint::kMemory}; }
+inline CallArgument ClipboardData(Long format, Long data) {
+  return format == clipboardformat::kBitmap ? Bmp(data) : Memory(data);
+}
 
 // "{8-4-4-4-12}", upper-case hexadecimal.
 String GuidText(const Guid& id);

@@ -23,6 +23,12 @@ class Failing : public Forwarding<Interface> {
     Raise(errors::kCannotCreateComponent);
   }
 
+  // So is a clipboard that its own object can't open.
+  template <class Answer>
+  static Answer RefuseToOpen() {
+    RaiseCannotOpenClipboard();
+  }
+
   Faults& mFaults;
 };
 
@@ -66,6 +72,12 @@ class FailingRunTime : public Failing<RunTime> {
  public:
   using Failing::Failing;
 #include "platform/wrappers/runtime_operations.inc"
+};
+
+class FailingClipboard : public Failing<Clipboard> {
+ public:
+  using Failing::Failing;
+#include "platform/wrappers/clipboard_operations.inc"
 };
 
 #undef OPERATION

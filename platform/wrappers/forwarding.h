@@ -60,6 +60,12 @@ class ForwardingRunTime : public Forwarding<RunTime> {
 #include "platform/wrappers/runtime_operations.inc"
 };
 
+class ForwardingClipboard : public Forwarding<Clipboard> {
+ public:
+  using Forwarding::Forwarding;
+#include "platform/wrappers/clipboard_operations.inc"
+};
+
 #undef OPERATION
 
 class ForwardingSubclassers : public Forwarding<Subclassers> {
@@ -87,6 +93,7 @@ class ForwardingSubclasser : public Subclasser {
 static_assert(!std::is_abstract_v<ForwardingWindows> && !std::is_abstract_v<ForwardingGraphics> &&
               !std::is_abstract_v<ForwardingPictures> && !std::is_abstract_v<ForwardingModules> &&
               !std::is_abstract_v<ForwardingComponents> && !std::is_abstract_v<ForwardingRunTime> &&
-              !std::is_abstract_v<ForwardingSubclassers> && !std::is_abstract_v<ForwardingSubclasser>);
+              !std::is_abstract_v<ForwardingClipboard> && !std::is_abstract_v<ForwardingSubclassers> &&
+              !std::is_abstract_v<ForwardingSubclasser>);
 
 }  // namespace strandline

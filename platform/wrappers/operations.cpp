@@ -7,6 +7,7 @@ namespace {
 
 #define OPERATION(kind, Result, failure, Name, hint, parameters, arguments, noted) {#Name, CallKind::kind},
 constexpr Operation kOperations[] = {
+#include "platform/wrappers/clipboard_operations.inc"
 #include "platform/wrappers/components_operations.inc"
 #include "platform/wrappers/graphics_operations.inc"
 #include "platform/wrappers/modules_operations.inc"

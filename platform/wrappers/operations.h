@@ -7,7 +7,7 @@ namespace strandline {
 
 // What an operation of the seam is about; a journal chooses by it.
 enum class CallKind {
-  kWindow,   // windows and activation
+  kWindow,   // windows, activation and the clipboard
   kPointer,  // mouse and capture
   kMessage,  // messages sent, waited for, dispatched
   kTimer,

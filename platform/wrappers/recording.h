@@ -81,6 +81,12 @@ class RecordingRunTime : public Recording<RunTime> {
 #include "platform/wrappers/runtime_operations.inc"
 };
 
+class RecordingClipboard : public Recording<Clipboard> {
+ public:
+  using Recording::Recording;
+#include "platform/wrappers/clipboard_operations.inc"
+};
+
 #undef OPERATION
 
 // Records the hook's steps as "subclass" (window), "unsubclass" (window), "previous" (window, message, wParam, lParam),

@@ -3,7 +3,7 @@
 #include <limits>
 #include <set>
 
-#include "platform/desk/bitmap_font.h"
+#include "platform/looks/bitmap_font.h"
 #include "tests/desk/graphics_fixture.h"
 
 namespace strandline::desk {

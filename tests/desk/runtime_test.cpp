@@ -7,8 +7,8 @@
 
 #include "platform/desk/desk_components.h"
 #include "platform/desk/desk_runtime.h"
-#include "platform/desk/property_bag.h"
 #include "platform/desk/window_system.h"
+#include "platform/property_bag.h"
 
 namespace strandline::desk {
 namespace {

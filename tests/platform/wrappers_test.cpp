@@ -72,6 +72,10 @@ class FakeRunTime : public Fake<RunTime> {
  public:
 #include "platform/wrappers/runtime_operations.inc"
 };
+class FakeClipboard : public Fake<Clipboard> {
+ public:
+#include "platform/wrappers/clipboard_operations.inc"
+};
 #undef OPERATION
 
 class Recorder : public CallRecorder {
@@ -91,6 +95,12 @@ template <class Interface, class Result, class... Parameters>
 Result CallByDefault(Interface& target, Result (Interface::*operation)(Parameters...)) {
   std::tuple<std::remove_cvref_t<Parameters>...> arguments{};
   return std::apply([&](auto&... each) { return (target.*operation)(each...); }, arguments);
+}
+
+// The error by which an operation tells that it failed; 0 for one that has a value for it.
+Long ErrorOfFailing(const std::string& name) {
+  if (name == "CreateObject") return errors::kCannotCreateComponent;
+  return name == "GetText" || name == "SetText" ? errors::kCannotOpenClipboard : 0;
 }
 
 // The body for one operation of the three wrappers around one fake.
@@ -144,7 +154,7 @@ struct Wrapped {
     } catch (const Error& error) {
       raised = error.number;
     }
-    EXPECT_EQ(raised, std::string(name) == "CreateObject" ? errors::kCannotCreateComponent : 0);
+    EXPECT_EQ(raised, ErrorOfFailing(name));
     EXPECT_EQ(fake.calls, Log()) << "not handed on";
     CallByDefault<Interface>(failing, operation);
     EXPECT_EQ(fake.calls, Log{name}) << "once only";
@@ -189,6 +199,12 @@ TEST(Wrappers_EachOperation, OfTheRunTimeIsHandedOnRecordedAndFails) {
   using Checked = RunTime;
   WRAPPED(RunTime);
 #include "platform/wrappers/runtime_operations.inc"
+}
+
+TEST(Wrappers_EachOperation, OfTheClipboardIsHandedOnRecordedAndFails) {
+  using Checked = Clipboard;
+  WRAPPED(Clipboard);
+#include "platform/wrappers/clipboard_operations.inc"
 }
 
 #undef OPERATION
@@ -263,6 +279,22 @@ TEST(Recording_Arguments, HoldTheRestInShort) {
   EXPECT_EQ(*recorder.lastResult.If<Boolean>(), true);
 }
 
+TEST(Recording_Arguments, TellWhatKindOfDataTheClipboardGets) {
+  FakeClipboard fake;
+  Recorder recorder;
+  RecordingClipboard clipboard(fake, &recorder);
+  using Hint = CallArgument::Hint;
+  clipboard.OpenClipboard(11);
+  EXPECT_EQ(recorder.lastArguments[0].hint, Hint::kWindow);
+  clipboard.SetClipboardData(clipboardformat::kBitmap, 12);
+  EXPECT_EQ(recorder.lastArguments[1].hint, Hint::kBitmap);
+  clipboard.SetClipboardData(clipboardformat::kText, 12);
+  EXPECT_EQ(recorder.lastArguments[1].hint, Hint::kMemory);
+  EXPECT_EQ(*recorder.lastArguments[1].If<Long>(), 12);
+  clipboard.SetText(u"text", clipboardformat::kText);
+  EXPECT_EQ(*recorder.lastArguments[0].If<String>(), u"text");
+}
+
 // Calls that come about inside a call.
 class NestingWindows : public FakeWindows {
  public:
@@ -302,6 +334,7 @@ TEST(Failing_Values, AreThoseOfEachService) {
   EXPECT_EQ(graphics.ColorKeyBlt(1, 2, 3, 4, 5, 6, 7, 8, 9), false);
   EXPECT_EQ(pictures.GlobalLock(1), nullptr);
   EXPECT_EQ(pictures.GlobalFree(31), 31);
+  EXPECT_EQ(pictures.GlobalSize(31), 0);
   EXPECT_EQ(pictures.OleLoadPicture({}, 0, false, {}, picture), static_cast<Long>(0x80004005));
   EXPECT_EQ(runTime.GetSetting(u"Init", u"key", u"default"), u"default");
   EXPECT_EQ(fakeWindows.calls.size() + fakeGraphics.calls.size() + fakePictures.calls.size(), 0u);

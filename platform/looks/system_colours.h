@@ -1,13 +1,26 @@
-#include "platform/desk/system_colours.h"
+#pragma once
 
-#include "platform/desk/raster/surface.h"
+#include <cstdint>
+#include <iterator>
 
-namespace strandline::desk {
+#include "platform/values.h"
 
-namespace {
+namespace strandline {
+
+namespace system_color {
+inline constexpr Long kBackground = 1;
+inline constexpr Long kFace = 15;
+inline constexpr Long kShadow = 16;
+inline constexpr Long kHighlight = 20;
+inline constexpr Long kDarkShadow = 21;
+inline constexpr Long kLight = 22;
+inline constexpr Long kLast = 30;
+}  // namespace system_color
+
+namespace looks {
 
 // 0xRRGGBB, by index.
-constexpr std::uint32_t kColors[] = {
+inline constexpr std::uint32_t kClassicColors[] = {
     0xD4D0C8,  // 0 scroll bar
     0x004E98,  // 1 desktop
     0x0054E3,  // 2 active caption
@@ -40,13 +53,15 @@ constexpr std::uint32_t kColors[] = {
     0x316AC5,  // 29 menu highlight
     0xECE9D8,  // 30 menu bar
 };
-static_assert(sizeof(kColors) / sizeof(kColors[0]) == system_color::kLast + 1);
+static_assert(std::size(kClassicColors) == system_color::kLast + 1);
 
-}  // namespace
+}  // namespace looks
 
-std::uint32_t SystemColor(Long index) {
+// The system colours of Windows XP's default look as COLORREF, by Windows' indexes. An index without a colour gives 0.
+constexpr std::uint32_t SystemColor(Long index) {
   if (index < 0 || index > system_color::kLast) return 0;
-  return ColorRefFromPixel(kColors[index]);
+  const std::uint32_t color = looks::kClassicColors[index];
+  return (color & 0xFF) << 16 | (color & 0xFF00) | color >> 16;
 }
 
-}  // namespace strandline::desk
+}  // namespace strandline

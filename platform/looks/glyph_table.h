@@ -1,19 +1,11 @@
-#include "platform/desk/bitmap_font.h"
+#pragma once
 
-#include <cstddef>
 #include <string_view>
 
-namespace strandline::desk {
-
-namespace {
-
-constexpr char16_t kFirst = u' ';
-constexpr char16_t kLast = u'~';
-constexpr std::size_t kBox = kLast - kFirst + 1;
-constexpr int kBlankWidth = 3;
+namespace strandline::looks {
 
 // Blocks of a line with the characters and then the rows of their glyphs, side by side.
-constexpr std::string_view kTable = R"font(
+inline constexpr std::string_view kGlyphTable = R"font(
 ABCDEFGHIJKLM
 ..##.. ####. ..###. ####.. #### #### ..#### #....# ### .### #...# #... #.....#
 ..##.. #...# .#...# #...#. #... #... .#.... #....# .#. ...# #..#. #... ##...##
@@ -111,68 +103,10 @@ nopqrstuvwxyz
 ### .... ### ..... ###### .. ..## # ##.. ......
 )font";
 
-constexpr std::string_view kBoxRows[Glyph::kRows] = {"#####", "#...#", "#...#", "#...#", "#...#",
-                                                     "#...#", "#...#", "#####", ".....", "....."};
+inline constexpr std::string_view kBoxRows[] = {"#####", "#...#", "#...#", "#...#", "#...#",
+                                                "#...#", "#...#", "#####", ".....", "....."};
 
-using Glyphs = std::array<Glyph, kBox + 1>;
+// The letters of Western European names without their accents, from A grave on; a blank where there is no such letter.
+inline constexpr std::string_view kBareLetters = "AAAAAAACEEEEIIIIDNOOOOO OUUUUY saaaaaaaceeeeiiiidnooooo ouuuuy y";
 
-std::string_view TakeUpTo(std::string_view& rest, char end) {
-  const std::size_t at = rest.find(end);
-  const std::string_view taken = rest.substr(0, at);
-  rest.remove_prefix(at == std::string_view::npos ? rest.size() : at + 1);
-  return taken;
-}
-
-void ReadRow(Glyph& glyph, int row, std::string_view pixels) {
-  glyph.width = static_cast<int>(pixels.size());
-  for (std::size_t x = 0; x < pixels.size(); ++x) {
-    if (pixels[x] == '#') glyph.rows[static_cast<std::size_t>(row)] |= static_cast<std::uint16_t>(1u << x);
-  }
-}
-
-Glyphs ReadTable() {
-  Glyphs glyphs;
-  glyphs[0].width = kBlankWidth;
-  for (int row = 0; row < Glyph::kRows; ++row) ReadRow(glyphs[kBox], row, kBoxRows[row]);
-  std::string_view rest = kTable;
-  while (!rest.empty()) {
-    const std::string_view characters = TakeUpTo(rest, '\n');
-    if (characters.empty()) continue;
-    for (int row = 0; row < Glyph::kRows; ++row) {
-      std::string_view line = TakeUpTo(rest, '\n');
-      for (const char character : characters) {
-        ReadRow(glyphs[static_cast<std::size_t>(character - kFirst)], row, TakeUpTo(line, ' '));
-      }
-    }
-  }
-  return glyphs;
-}
-
-}  // namespace
-
-namespace {
-
-// The letters of Western European names without their accents, from À on; a blank where there is no such letter.
-constexpr std::string_view kBareLetters = "AAAAAAACEEEEIIIIDNOOOOO OUUUUY saaaaaaaceeeeiiiidnooooo ouuuuy y";
-
-char16_t Bare(char16_t character) {
-  if (character < 0xC0 || character > 0xFF) return character;
-  const char letter = kBareLetters[static_cast<std::size_t>(character - 0xC0)];
-  return letter == ' ' ? character : static_cast<char16_t>(letter);
-}
-
-}  // namespace
-
-const Glyph& GlyphOf(char16_t character) {
-  static const Glyphs glyphs = ReadTable();
-  character = Bare(character);
-  return glyphs[character >= kFirst && character <= kLast ? static_cast<std::size_t>(character - kFirst) : kBox];
-}
-
-int WidthOfText(TextView text) {
-  int width = 0;
-  for (const char16_t character : text) width += GlyphOf(character).width + kGlyphGap;
-  return width;
-}
-
-}  // namespace strandline::desk
+}  // namespace strandline::looks
