@@ -16,7 +16,7 @@ namespace strandline::bench {
 namespace {
 
 using deskprogram::DeskSession;
-using deskprogram::SceneSettings;
+using play::SceneSettings;
 
 // A library on the plain services, one document open, the strip painted.
 class PaintedStrip {

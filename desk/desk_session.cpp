@@ -1,11 +1,23 @@
 #include "desk/desk_session.h"
 
 #include "desk/state_report.h"
+#include "platform/desk/stuck.h"
+#include "wordsim/document.h"
 #include "wordsim/product.h"
 
 namespace strandline::deskprogram {
 
-DeskSession::DeskSession(const SceneSettings& settings, JournalFile* file, bool keepLines)
+namespace {
+
+bool IsOnScreen(const desk::Surface& screen, const Rect& area) {
+  return area.left < area.right && area.top < area.bottom && area.right > 0 && area.bottom > 0 &&
+         area.left < screen.width && area.top < screen.height;
+}
+
+}  // namespace
+
+DeskSession::DeskSession(const play::SceneSettings& settings, play::JournalFile* file, bool keepLines,
+                         play::CallList* calls)
     : mDesk(DeskOptions(settings)),
       mJournal(
           file, [this] { return mDesk.Clock().Milliseconds(); }, keepLines),
@@ -17,6 +29,10 @@ DeskSession::DeskSession(const SceneSettings& settings, JournalFile* file, bool 
       mWatch(mJournal, mNaming),
       mWorld(mDesk.Services(), mDesk.Host(), mDesk.Canvas(), mDesk.Clock(), settings.world),
       mServices(mDesk, mWatch, [this](Long hwnd, const Rect& pixels, const char*) { mWatch.OnPaint(hwnd, pixels); }) {
+  if (calls) {
+    mJournal.SetCalls(calls);
+    mSystemsTurns.emplace(*mServices.Services().subclassers, *calls);
+  }
   desk::DeskRunTime& runTime = mDesk.RunTime();
   runTime.SetStart(settings.now);
   runTime.SetCommandLine(settings.commandLine);
@@ -32,13 +48,13 @@ DeskSession::~DeskSession() {
   Unload();
 }
 
-desk::Desk::Options DeskSession::DeskOptions(const SceneSettings& settings) {
+desk::Desk::Options DeskSession::DeskOptions(const play::SceneSettings& settings) {
   desk::Desk::Options options;
   options.dpi = settings.dpi;
   return options;
 }
 
-void DeskSession::RegisterComponents(const SceneSettings& settings) {
+void DeskSession::RegisterComponents(const play::SceneSettings& settings) {
   desk::DeskComponents& components = mDesk.Components();
   for (TextView name : wordsim::Product::ComponentNames()) {
     components.Register(name, [this, progId = String(name)] { return mWorld.CreateComponent(progId); });
@@ -47,20 +63,14 @@ void DeskSession::RegisterComponents(const SceneSettings& settings) {
   components.SetObserver([this](const String& progId, bool ok) { mWatch.OnCreate(progId, ok); });
 }
 
-void DeskSession::Start() {
-  mLibrary.emplace(mServices.Services());
+std::string DeskSession::Start() {
+  Platform services = mServices.Services();
+  if (mSystemsTurns) services.subclassers = &*mSystemsTurns;
+  mLibrary.emplace(services);
   mLibrary->SetLogObserver(&mWatch);
   mLibrary->SetPictureObserver(&mWatch);
   mMain2 = mLibrary->CreateMain2();
-  Initialize(mWorld.TheSettings().productName);
-}
-
-void DeskSession::Initialize(const String& productName) {
-  Object word = mWorld.Application();
-  Object properties = mWorld.Properties();
-  Object productState = mWorld.ProductState();
-  String name = productName;
-  mMain2->Initialize(word, properties, productState, name);
+  return "";
 }
 
 void DeskSession::Unload() {
@@ -68,16 +78,68 @@ void DeskSession::Unload() {
   mLibrary.reset();
 }
 
-Json DeskSession::State() {
+void DeskSession::Schedule(std::int64_t milliseconds, std::function<void()> work) {
+  mDesk.Clock().After(milliseconds, std::move(work));
+}
+
+std::string DeskSession::WhereStuck() const {
+  try {
+    throw;
+  } catch (const desk::Stuck& stuck) {
+    return stuck.where;
+  } catch (...) {
+    return "";
+  }
+}
+
+play::Json DeskSession::State() {
   StateReport report(mNaming);
   if (mLibrary) mLibrary->ReportState(report);
-  Json state = report.Take();
+  play::Json state = report.Take();
   const desk::ObjectTable& objects = mDesk.Objects();
-  state["handles"] = Json{{"contexts", objects.Count(desk::ObjectKind::kContext)},
-                          {"bitmaps", objects.Count(desk::ObjectKind::kBitmap)},
-                          {"timers", mDesk.Windows().LiveTimers()},
-                          {"hooks", mDesk.Windows().LiveHooks()}};
+  state["handles"] = play::Json{{"contexts", objects.Count(desk::ObjectKind::kContext)},
+                                {"bitmaps", objects.Count(desk::ObjectKind::kBitmap)},
+                                {"timers", mDesk.Windows().LiveTimers()},
+                                {"hooks", mDesk.Windows().LiveHooks()}};
   return state;
+}
+
+std::string DeskSession::ArmFailure(const std::string& call, int count) {
+  if (mServices.ArmFailure(call, count)) return "";
+  return "\"" + call + "\" is no service that can fail; those are: " + WatchedServices::FailingCalls();
+}
+
+String DeskSession::IdentityOf(wordsim::Document& document) { return document.IdentityText(); }
+
+Rect DeskSession::BarArea() {
+  Rect area;
+  mDesk.Windows().GetWindowRect(mWorld.ActiveBarWindow(), area);
+  return area;
+}
+
+std::optional<std::uint32_t> DeskSession::BarPixel(Long x, Long y) {
+  const Rect area = BarArea();
+  const desk::Surface& screen = mDesk.Screen();
+  const Long screenX = area.left + x;
+  const Long screenY = area.top + y;
+  const bool inside = x >= 0 && y >= 0 && screenX >= 0 && screenY >= 0 && screenX < area.right &&
+                      screenY < area.bottom && screenX < screen.width && screenY < screen.height;
+  if (!inside) return std::nullopt;
+  return *screen.At(screenX, screenY) & 0xFFFFFF;
+}
+
+std::string DeskSession::WriteBarPicture(const std::string& path) { return WritePicture(path, BarArea()); }
+
+std::string DeskSession::WriteDeskPicture(const std::string& path) {
+  return WritePicture(path, {0, 0, mDesk.Screen().width, mDesk.Screen().height});
+}
+
+std::string DeskSession::WritePicture(const std::string& path, const Rect& area) {
+  if (!IsOnScreen(mDesk.Screen(), area)) {
+    return "nothing of the window is on the screen; take the picture where something of it is";
+  }
+  if (mDesk.WritePng(path, area)) return "";
+  return "can't write the picture " + path + "; name a folder that can be written with --out";
 }
 
 }  // namespace strandline::deskprogram

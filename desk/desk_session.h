@@ -1,7 +1,7 @@
 #pragma once
 
-// One play of a scene: a desk, Word and the product on it, and the library between them, with everything that it does
-// told to the journal.
+// One play of a scene on the desk: a desk, Word and the product on it, and the library between them, with everything
+// that it does told to the journal.
 
 #include <memory>
 #include <optional>
@@ -9,54 +9,62 @@
 
 #include "addin/Main2.h"
 #include "addin/library.h"
-#include "desk/journal.h"
-#include "desk/library_watch.h"
-#include "desk/scene_settings.h"
+#include "desk/systems_turns.h"
 #include "desk/watched_services.h"
 #include "platform/desk/desk.h"
-#include "wordsim/word_world.h"
+#include "play/scene_settings.h"
+#include "play/session.h"
 
 namespace strandline::deskprogram {
 
-class DeskSession {
+class DeskSession final : public play::Session {
  public:
-  // `file`, which may be null, outlives the session; with keepLines the journal can be searched.
-  DeskSession(const SceneSettings& settings, JournalFile* file, bool keepLines);
-  ~DeskSession();
+  // `file` and `calls`, which may be null, outlive the session; with keepLines the journal can be searched.
+  DeskSession(const play::SceneSettings& settings, play::JournalFile* file, bool keepLines,
+              play::CallList* calls = nullptr);
+  ~DeskSession() override;
   DeskSession(const DeskSession&) = delete;
   DeskSession& operator=(const DeskSession&) = delete;
 
-  Journal& TheJournal() { return mJournal; }
-  const JournalNaming& Naming() const { return mNaming; }
-  LibraryWatch& Watch() { return mWatch; }
-  WatchedServices& Services() { return mServices; }
+  play::Journal& TheJournal() override { return mJournal; }
+  const play::JournalNaming& Naming() const override { return mNaming; }
+  play::LibraryWatch& Watch() override { return mWatch; }
+  wordsim::WordWorld& World() override { return mWorld; }
+  HostClock& Clock() override { return mDesk.Clock(); }
   desk::Desk& TheDesk() { return mDesk; }
-  wordsim::WordWorld& World() { return mWorld; }
 
-  // Loads the library, makes its object and initialises it.
-  void Start();
-  bool IsStarted() const { return static_cast<bool>(mMain2); }
-  Main2& TheMain2() { return *mMain2; }
-  // Initialises the object, as `Start` does, under that product name.
-  void Initialize(const String& productName);
-  // The library's object and the library go.
-  void Unload();
+  std::string Start() override;
+  bool IsStarted() const override { return static_cast<bool>(mMain2); }
+  Object Main2() const override { return mMain2; }
+  strandline::Main2& TheMain2() { return *mMain2; }
+  void Unload() override;
 
-  // The value of a `state` line.
-  Json State();
+  void Schedule(std::int64_t milliseconds, std::function<void()> work) override;
+  std::string WhereStuck() const override;
+  std::string Unsupported(play::Verb) const override { return ""; }
+  bool Hears(std::string_view) const override { return true; }
+  play::Json State() override;
+  std::string ArmFailure(const std::string& call, int count) override;
+  String IdentityOf(wordsim::Document& document) override;
+  std::optional<std::uint32_t> BarPixel(Long x, Long y) override;
+  std::string WriteBarPicture(const std::string& path) override;
+  std::string WriteDeskPicture(const std::string& path) override;
 
  private:
-  static desk::Desk::Options DeskOptions(const SceneSettings& settings);
-  void RegisterComponents(const SceneSettings& settings);
+  static desk::Desk::Options DeskOptions(const play::SceneSettings& settings);
+  void RegisterComponents(const play::SceneSettings& settings);
+  Rect BarArea();
+  std::string WritePicture(const std::string& path, const Rect& area);
 
   desk::Desk mDesk;
-  Journal mJournal;
-  JournalNaming mNaming;
-  LibraryWatch mWatch;
+  play::Journal mJournal;
+  play::JournalNaming mNaming;
+  play::LibraryWatch mWatch;
   wordsim::WordWorld mWorld;
   WatchedServices mServices;
+  std::optional<SystemsTurns> mSystemsTurns;  // where calls are listed
   std::optional<Library> mLibrary;
-  Ref<Main2> mMain2;
+  Ref<strandline::Main2> mMain2;
 };
 
 }  // namespace strandline::deskprogram

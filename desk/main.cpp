@@ -1,20 +1,27 @@
 // strandline-desk: plays scenes on a simulated Word, with the real library between.
 
-#include <cerrno>
 #include <cstdio>
 #include <cstdlib>
-#include <cstring>
 #include <exception>
+#include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
-#include "desk/command_line.h"
-#include "desk/journal_file.h"
-#include "desk/scene_player.h"
+#include "desk/desk_session.h"
+#include "desk/watchdog.h"
+#include "platform/desk/stuck.h"
+#include "play/call_list.h"
+#include "play/command_line.h"
+#include "play/journal_file.h"
+#include "play/scene_file.h"
+#include "play/scene_player.h"
 
 namespace {
 
-using namespace strandline::deskprogram;
+using namespace strandline::play;
+
+constexpr std::string_view kUsage = "usage: strandline-desk play SCENE [--journal FILE] [--out DIR] [--calls FILE]";
 
 JournalFile theJournal;
 ScenePlayer* thePlayer = nullptr;
@@ -40,7 +47,7 @@ void Say(const std::string& line) { std::fprintf(stderr, "%s\n", line.c_str()); 
   } catch (const SceneError& error) {
     LeaveWrong(thePlayer->Describe(error));
   } catch (const strandline::desk::Stuck& stuck) {
-    Say(thePlayer->Describe(stuck));
+    Say(thePlayer->DescribeStuck(stuck.where));
     Leave(Outcome::kStuck);
   } catch (...) {
   }
@@ -48,41 +55,34 @@ void Say(const std::string& line) { std::fprintf(stderr, "%s\n", line.c_str()); 
   std::abort();
 }
 
-std::string ReadScene(const std::string& path) {
-  std::string text;
-  std::FILE* file = std::fopen(path.c_str(), "rb");
-  char block[4096];
-  for (std::size_t length = 1; file && length > 0;) {
-    length = std::fread(block, 1, sizeof block, file);
-    text.append(block, length);
-  }
-  if (!file || std::ferror(file)) {
-    LeaveWrong(path + ":0: can't read the scene (" + std::strerror(errno) + "); give the path of a scene");
-  }
-  std::fclose(file);
-  return text;
-}
-
-ParsedScene ParseOrLeave(const CommandLine& line) {
-  ParsedScene scene = ParseScene(ReadScene(line.scene));
-  if (!scene.error.empty()) LeaveWrong(line.scene + ":" + std::to_string(scene.errorLine) + ": " + scene.error);
-  return scene;
+template <class File>
+void OpenOrLeave(File& file, const char* what, const std::string& path) {
+  const std::string failure = file.Open(path);
+  if (failure.empty()) return;
+  LeaveWrong(std::string("strandline-desk: can't write the ") + what + " " + path + " (" + failure +
+             "); name a file that can be written");
 }
 
 }  // namespace
 
 int main(int count, char** words) {
-  const CommandLine line = ParseCommandLine({words + 1, static_cast<std::size_t>(count > 0 ? count - 1 : 0)});
+  const CommandLine line =
+      ParseCommandLine({words + 1, static_cast<std::size_t>(count > 0 ? count - 1 : 0)}, {kUsage, {"--calls"}});
   if (!line.error.empty()) LeaveWrong("strandline-desk: " + line.error);
-  const ParsedScene scene = ParseOrLeave(line);
-  const std::string failure = theJournal.Open(line.journal);
-  if (!failure.empty()) {
-    LeaveWrong("strandline-desk: can't write the journal " + line.journal + " (" + failure +
-               "); name a file that can be written");
+  const SceneFile scene = LoadScene(line.scene);
+  if (!scene.error.empty()) LeaveWrong(scene.error);
+  OpenOrLeave(theJournal, "journal", line.journal);
+  std::optional<CallList> calls;
+  if (const auto given = line.further.find("--calls"); given != line.further.end()) {
+    OpenOrLeave(calls.emplace(), "list of calls", given->second);
   }
 
-  Watchdog watchdog(&theJournal);
-  ScenePlayer player(scene, {line.scene, line.out}, &theJournal, watchdog);
+  strandline::deskprogram::CpuWatchdog watchdog(&theJournal);
+  const SessionMaker make = [&](const SceneSettings& settings, bool keepLines) {
+    return std::make_unique<strandline::deskprogram::DeskSession>(settings, &theJournal, keepLines,
+                                                                  calls ? &*calls : nullptr);
+  };
+  ScenePlayer player(scene.scene, {line.scene, line.out}, make, watchdog);
   thePlayer = &player;
   std::set_terminate(OnTerminate);
   std::vector<std::string> messages;

@@ -6,7 +6,7 @@ namespace strandline::deskprogram {
 
 void StateReport::BeginModule(const char16_t* name) {
   mName = ToUtf8(name);
-  mVariables = Json::object();
+  mVariables = play::Json::object();
 }
 
 void StateReport::Variable(TextView name, const Variant& value) {
@@ -17,7 +17,7 @@ void StateReport::EndModule() { (mInToolbar ? mToolbar : mModules)[mName] = std:
 
 void StateReport::BeginToolbar() {
   mInToolbar = true;
-  mToolbar = Json::object();
+  mToolbar = play::Json::object();
 }
 
 void StateReport::EndToolbar() {
@@ -25,9 +25,9 @@ void StateReport::EndToolbar() {
   mToolbars.push_back(std::move(mToolbar));
 }
 
-Json StateReport::Take() {
-  Json value = std::exchange(mModules, Json::object());
-  value["toolbars"] = std::exchange(mToolbars, Json::array());
+play::Json StateReport::Take() {
+  play::Json value = std::exchange(mModules, play::Json::object());
+  value["toolbars"] = std::exchange(mToolbars, play::Json::array());
   return value;
 }
 

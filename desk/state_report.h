@@ -3,14 +3,14 @@
 // The value of a `state` line: a key for each module with its variables, and `toolbars` with the objects of each, in
 // the order in which the library tells them.
 
-#include "desk/journal_naming.h"
 #include "foundation/reporter.h"
+#include "play/journal_naming.h"
 
 namespace strandline::deskprogram {
 
 class StateReport final : public StateVisitor {
  public:
-  explicit StateReport(const JournalNaming& naming) : mNaming(naming) {}
+  explicit StateReport(const play::JournalNaming& naming) : mNaming(naming) {}
 
   void BeginModule(const char16_t* name) override;
   void Variable(TextView name, const Variant& value) override;
@@ -19,14 +19,14 @@ class StateReport final : public StateVisitor {
   void EndToolbar() override;
 
   // What was told so far; `toolbars` is there even when empty.
-  Json Take();
+  play::Json Take();
 
  private:
-  const JournalNaming& mNaming;
-  Json mModules = Json::object();
-  Json mToolbars = Json::array();
-  Json mToolbar = Json::object();
-  Json mVariables = Json::object();
+  const play::JournalNaming& mNaming;
+  play::Json mModules = play::Json::object();
+  play::Json mToolbars = play::Json::array();
+  play::Json mToolbar = play::Json::object();
+  play::Json mVariables = play::Json::object();
   std::string mName;
   bool mInToolbar = false;
 };

@@ -6,9 +6,8 @@
 
 #include <algorithm>
 #include <cstring>
-#include <utility>
 
-#include "desk/journal_file.h"
+#include "play/journal_file.h"
 
 namespace strandline::deskprogram {
 
@@ -17,7 +16,7 @@ namespace {
 // What the signal handler needs, in a form that it may touch at any time.
 char theMessage[1024];
 volatile std::size_t theLength = 0;
-JournalFile* volatile theJournal = nullptr;
+play::JournalFile* volatile theJournal = nullptr;
 
 extern "C" void OnLimit(int) {
   if (theLength == 0) return;
@@ -36,7 +35,7 @@ void SetTimer(std::chrono::milliseconds limit) {
 
 }  // namespace
 
-Watchdog::Watchdog(JournalFile* journal, std::chrono::milliseconds limit) : mLimit(limit) {
+CpuWatchdog::CpuWatchdog(play::JournalFile* journal, std::chrono::milliseconds limit) : Watchdog(limit, "computing") {
   theJournal = journal;
   struct sigaction action = {};
   action.sa_handler = OnLimit;
@@ -45,28 +44,18 @@ Watchdog::Watchdog(JournalFile* journal, std::chrono::milliseconds limit) : mLim
   sigaction(SIGPROF, &action, nullptr);
 }
 
-Watchdog::~Watchdog() {
-  Begin("");
+CpuWatchdog::~CpuWatchdog() {
+  CpuWatchdog::Begin("");
   theJournal = nullptr;
 }
 
-void Watchdog::Begin(const std::string& message) {
+void CpuWatchdog::Begin(const std::string& message) {
   SetTimer(std::chrono::milliseconds{0});
   theLength = 0;
-  mMessage = message;
   const std::size_t length = std::min(message.size(), sizeof theMessage);
   std::memcpy(theMessage, message.data(), length);
   theLength = length;
-  if (length > 0) SetTimer(mLimit);
+  if (length > 0) SetTimer(Limit());
 }
-
-Watchdog::Watch::Watch(Watchdog& watchdog, const std::string& where) : mWatchdog(watchdog), mOuter(watchdog.mMessage) {
-  const auto limit = mWatchdog.mLimit.count();
-  const std::string span =
-      limit % 1000 == 0 ? std::to_string(limit / 1000) + " seconds" : std::to_string(limit) + " milliseconds";
-  mWatchdog.Begin(where.substr(0, 900) + ": stuck: this command has been computing for more than " + span + "\n");
-}
-
-Watchdog::Watch::~Watch() { mWatchdog.Begin(mOuter); }
 
 }  // namespace strandline::deskprogram

@@ -6,10 +6,10 @@
 #include <cstdlib>
 #include <string_view>
 
-#include "desk/scene_command.h"
+#include "play/scene_command.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  using namespace strandline::deskprogram;
+  using namespace strandline::play;
   const ParsedScene scene = ParseScene({reinterpret_cast<const char*>(data), size});
   if (scene.error.empty() != (scene.errorLine == 0)) std::abort();
   if (scene.error.find('\n') != std::string::npos) std::abort();

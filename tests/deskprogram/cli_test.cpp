@@ -3,12 +3,15 @@
 #include <algorithm>
 #include <sstream>
 
-#include "desk/expectation.h"
-#include "desk/journal.h"
+#include "play/expectation.h"
+#include "play/journal.h"
 #include "tests/deskprogram/desk_runner.h"
 
 namespace strandline::deskprogram {
 namespace {
+
+using play::Json;
+using play::MatchesPattern;
 
 std::vector<Json> LinesOf(const std::string& journal) {
   std::vector<Json> lines;
@@ -46,6 +49,9 @@ TEST(DeskProgram_AWrongScene, GivesOneLineAndExitCode2) {
        "a.scene:2: \"maybe\" is neither true, false nor a number; usage: call HandleCreateDocument true|false"},
       {"start\ncall HandleCloseDocument X.doc\n",
        "a.scene:2: no document \"X.doc\" is open; usage: call HandleCloseDocument NAME"},
+      {"execute Quit\n", "a.scene:1: \"execute COMMAND\" needs start before it"},
+      {"start\nribbon run Quit\n", "a.scene:2: no ribbon component lives; it does from start to quit in *"},
+      {"start\nribbon icon 40000\n", "a.scene:2: INDEX must be a whole number from -32768 to 32767, *"},
       {"start\nactivate B.doc\n", "a.scene:2: no document \"B.doc\" is open; none is"},
       {"start\nopen A.doc\nopen B.doc\nclose C.doc\n",
        "a.scene:4: no document \"C.doc\" is open; open are: B.doc, A.doc"},
@@ -87,6 +93,8 @@ TEST(DeskProgram_AWrongCommandLine, GivesOneLineAndExitCode2) {
       {"play .", ".:0: can't read the scene (Is a directory); *"},
       {"play a.scene --journal missing/j.jsonl",
        "strandline-desk: can't write the journal missing/j.jsonl (No such file or directory); *"},
+      {"play a.scene --calls missing/c.jsonl",
+       "strandline-desk: can't write the list of calls missing/c.jsonl (No such file or directory); *"},
       {"play a.scene --journal /dev/full", "strandline-desk: the journal /dev/full couldn't be written whole; *"},
   };
   DeskRunner runner;
@@ -220,6 +228,68 @@ TEST(DeskProgram_AState, TellsModulesToolbarsAndHandles) {
       "\"value.toolbars.0.Toolbar.mParentHwnd=top 1\" \"value.toolbars.0.Buttons.mHwnd=bar 1\"\n"
       "expect 0 state value.toolbars.1=*\n");
   EXPECT_EQ(right.exitCode, 0) << right.errors;
+}
+
+std::string ResultsOf(const std::string& journal) {
+  std::string results;
+  for (const Json& line : LinesOf(journal)) {
+    if (line["kind"] != "result") continue;
+    results += line["of"].get<std::string>() + " " + play::CompactJson(line["value"]) + "\n";
+  }
+  return results;
+}
+
+TEST(DeskProgram_Results, AreToldOfCommandsAndOfOperationsThatHaveOne) {
+  const struct {
+    const char* scene;
+    const char* results;  // a pattern
+  } kCases[] = {
+      {"start\nopen A.doc\nexecute OpenUserManual\n", "execute \"*.doc\"\n"},
+      {"start\nopen A.doc\nexecute ToggleLumivex\n", "execute \"\"\n"},
+      {"start\nopen A.doc\ncall Execute openusermanual\n", "call \"*.doc\"\n"},
+      {"start\nopen A.doc\ncall OpenUserManual\n", "call \"*.doc\"\n"},
+      {"start\nopen A.doc\ncall togglelumivex\n", ""},
+      {"start\ncall HandleCloseDocument \"\"\n", "call *\n"},
+      {"start\ncall RibbonHandler\n", "call null\n"},
+      {"word 12.0\nstart\ncall RibbonHandler\n", "call \"RibbonHandler.Main2\"\n"},
+      {"word 12.0\nstart\nribbon icon 1\n", "ribbon icon {\"bytes\":*,\"crc32\":\"*\"}\n"},
+      {"word 12.0\nstart\nopen A.doc\nribbon run ToggleLumivex\n", ""},
+  };
+  DeskRunner runner;
+  for (const auto& each : kCases) {
+    const DeskRun run = runner.Play(each.scene);
+    EXPECT_EQ(run.exitCode, 0) << run.errors;
+    EXPECT_TRUE(MatchesPattern(each.results, ResultsOf(run.journal))) << each.scene << ResultsOf(run.journal);
+  }
+}
+
+TEST(DeskProgram_TheListOfCalls, LeavesOutTimesAndWhatPaintsAndTimersBringIn) {
+  DeskRunner runner;
+  const std::string scene = "start\nopen A.doc\nwait 400\nclose A.doc\n";
+  const DeskRun run = runner.Play(scene, "--calls calls.jsonl");
+  ASSERT_EQ(run.exitCode, 0) << run.errors;
+  EXPECT_EQ(run.journal, runner.Play(scene).journal);
+  std::size_t objects = 0;
+  for (const Json& line : LinesOf(run.journal)) objects += line["kind"] == "object";
+  std::size_t calls = 0;
+  for (const Json& line : LinesOf(runner.ReadFile("calls.jsonl"))) {
+    EXPECT_FALSE(line.contains("at"));
+    calls += line["kind"] == "object";
+  }
+  EXPECT_GT(calls, 100u);
+  EXPECT_LT(calls, objects);
+}
+
+TEST(DeskProgram_EachOperationOfTheInterface, CanBeCalled) {
+  DeskRunner runner;
+  for (const char* call :
+       {"Initialize Inkwell", "Execute OpenUserManual", "EnableGotoQuickBookmark true", "RibbonHandler", "ReadingMode",
+        "ReadingModeLayout", "CloseReadingMode", "ToggleLumivex", "FilePrintPreview2", "ClosePreview", "ShrinkToolbar",
+        "ProductNameChanged", "OpenUserManual", "UseQuillmere", "HandleCreateDocument 1", "HandleDocumentChange",
+        "HandleCloseDocument A.doc", "ClickOnAd", "Quit"}) {
+    const DeskRun run = runner.Play(std::string("start\nopen A.doc\ncall ") + call + "\n");
+    EXPECT_EQ(run.exitCode, 0) << call << run.errors;
+  }
 }
 
 }  // namespace

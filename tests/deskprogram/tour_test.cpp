@@ -9,9 +9,9 @@
 namespace strandline::deskprogram {
 namespace {
 
-std::vector<std::filesystem::path> TourScenes() {
+std::vector<std::filesystem::path> ScenesIn(const char* folder) {
   std::vector<std::filesystem::path> scenes;
-  for (const auto& entry : std::filesystem::directory_iterator(STRANDLINE_SOURCE_DIR "/scenes/tour")) {
+  for (const auto& entry : std::filesystem::directory_iterator(folder)) {
     if (entry.path().extension() == ".scene") scenes.push_back(entry.path());
   }
   std::sort(scenes.begin(), scenes.end());
@@ -29,8 +29,11 @@ TEST_P(Tour, HoldsAndIsTheSameInEachRun) {
   EXPECT_TRUE(runner.Run(words).journal == run.journal);
 }
 
-INSTANTIATE_TEST_SUITE_P(Scenes, Tour, testing::ValuesIn(TourScenes()),
-                         [](const auto& scene) { return scene.param.stem().string(); });
+std::string NameOf(const testing::TestParamInfo<std::filesystem::path>& scene) { return scene.param.stem().string(); }
+
+INSTANTIATE_TEST_SUITE_P(Scenes, Tour, testing::ValuesIn(ScenesIn(STRANDLINE_SOURCE_DIR "/scenes/tour")), NameOf);
+// Those that play on real windows too.
+INSTANTIATE_TEST_SUITE_P(OfBothWorlds, Tour, testing::ValuesIn(ScenesIn(STRANDLINE_SOURCE_DIR "/scenes/both")), NameOf);
 
 }  // namespace
 }  // namespace strandline::deskprogram

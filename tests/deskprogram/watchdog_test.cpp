@@ -6,10 +6,12 @@
 #include <fstream>
 #include <iterator>
 
-#include "desk/journal_file.h"
+#include "play/journal_file.h"
 
 namespace strandline::deskprogram {
 namespace {
+
+using play::JournalFile;
 
 void ComputeForEver() {
   volatile unsigned steps = 0;
@@ -22,9 +24,9 @@ TEST(Watchdog_ACommandThatComputesForEver, EndsTheProcessAndKeepsTheJournal) {
     JournalFile file;
     if (!file.Open(path).empty()) std::exit(99);
     file.WriteLine("first");
-    Watchdog watchdog(&file, std::chrono::milliseconds{20});
-    Watchdog::Watch outer(watchdog, "a.scene:4");
-    { Watchdog::Watch inner(watchdog, "a.scene:7"); }
+    CpuWatchdog watchdog(&file, std::chrono::milliseconds{20});
+    CpuWatchdog::Watch outer(watchdog, "a.scene:4");
+    { CpuWatchdog::Watch inner(watchdog, "a.scene:7"); }
     ComputeForEver();
   };
   EXPECT_EXIT(run(), testing::ExitedWithCode(3),
@@ -36,18 +38,18 @@ TEST(Watchdog_ACommandThatComputesForEver, EndsTheProcessAndKeepsTheJournal) {
 
 TEST(Watchdog_ACommandInsideAnother, IsTheOneThatIsNamed) {
   const auto run = [] {
-    Watchdog watchdog(nullptr, std::chrono::milliseconds{1000});
-    Watchdog::Watch outer(watchdog, "a.scene:4");
-    Watchdog shorter(nullptr, std::chrono::milliseconds{20});
-    Watchdog::Watch inner(shorter, "a.scene:7");
+    CpuWatchdog watchdog(nullptr, std::chrono::milliseconds{1000});
+    CpuWatchdog::Watch outer(watchdog, "a.scene:4");
+    CpuWatchdog shorter(nullptr, std::chrono::milliseconds{20});
+    CpuWatchdog::Watch inner(shorter, "a.scene:7");
     ComputeForEver();
   };
   EXPECT_EXIT(run(), testing::ExitedWithCode(3), "^a.scene:7: stuck: ");
 }
 
 TEST(Watchdog_WithoutACommand, NeverBites) {
-  Watchdog watchdog(nullptr, std::chrono::milliseconds{1});
-  { Watchdog::Watch watch(watchdog, "a.scene:1"); }
+  CpuWatchdog watchdog(nullptr, std::chrono::milliseconds{1});
+  { CpuWatchdog::Watch watch(watchdog, "a.scene:1"); }
   volatile unsigned steps = 0;
   while (steps < 50'000'000) steps = steps + 1;
 }

@@ -1,0 +1,30 @@
+#pragma once
+
+// What a scene chooses before `start`: the machine, its user, Word and the product.
+
+#include <cstdint>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "play/scene_command.h"
+#include "wordsim/settings.h"
+
+namespace strandline::play {
+
+struct SceneSettings {
+  SceneSettings();
+
+  wordsim::Settings world;
+  Long dpi = 96;
+  Date now;
+  String commandLine;
+  std::vector<std::pair<String, String>> initSettings;  // of the store's section "Init"
+
+  // A command of the phase before `start`, other than `start` itself.
+  void Apply(const Command& command);
+};
+
+wordsim::BarPosition BarPositionOf(const std::string& edge);  // one of top, bottom, left, right, floating
+
+}  // namespace strandline::play

@@ -1,0 +1,173 @@
+#include "play/scene_command.h"
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+
+namespace strandline::play {
+namespace {
+
+// "bar late MS:250": the form and what was given.
+std::string Describe(const Command& command) {
+  std::string text = Usage(*command.form) + " =";
+  for (const CommandValue& value : command.values) {
+    text.append(" ").append(value.slot).append(":").append(value.text);
+    if (value.number != 0) text += "(" + std::to_string(value.number) + ")";
+  }
+  for (const std::string& word : command.rest) text += " +" + word;
+  if (command.inner) text += " {" + Describe(*command.inner) + "}";
+  return text;
+}
+
+std::string Parse(std::string_view line) {
+  const ParsedScene scene = ParseScene(line);
+  if (!scene.error.empty()) return std::to_string(scene.errorLine) + ": " + scene.error;
+  return scene.commands.empty() ? "" : Describe(scene.commands.front());
+}
+
+struct ParseCase {
+  const char* line;
+  const char* parsed;
+};
+
+TEST(SceneCommand_ARightLine, BecomesACommand) {
+  const ParseCase kCases[] = {
+      {"start", "start ="},
+      {"word 10.0", "word TEXT = TEXT:10.0"},
+      {"bar floating", "bar top|bottom|left|right|floating = EDGE:floating"},
+      {"bar late 250", "bar late MS = MS:250(250)"},
+      {"bar height 20", "bar height N = N:20(20)"},
+      {"cell 16 0 -3 40 30", "cell N LEFT TOP WIDTH HEIGHT = N:16(16) LEFT:0 TOP:-3(-3) WIDTH:40(40) HEIGHT:30(30)"},
+      {"open A.doc", "open NAME [icon] [reading] [mail] [new] = NAME:A.doc"},
+      {"open icon new icon", "open NAME [icon] [reading] [mail] [new] = NAME:icon new:new icon:icon"},
+      {"type A.doc", "type NAME [N] = NAME:A.doc"},
+      {"type A.doc 7", "type NAME [N] = NAME:A.doc N:7(7)"},
+      {"call Quit", "call OPERATION [ARG...] = OPERATION:Quit"},
+      {"call X true -2 \"a b\"", "call OPERATION [ARG...] = OPERATION:X +true +-2 +a b"},
+      {"execute \"\"", "execute COMMAND = COMMAND:"},
+      {"ribbon run UseQuillmere", "ribbon run COMMAND = COMMAND:UseQuillmere"},
+      {"ribbon icon -3", "ribbon icon INDEX = INDEX:-3(-3)"},
+      {"send 0x112 0xFFFFFFFF -1",
+       "send MSG WPARAM LPARAM = MSG:0x112(274) WPARAM:0xFFFFFFFF(4294967295) LPARAM:-1(-1)"},
+      {"answer box no", "answer box ok|yes|no|cancel = BUTTON:no"},
+      {"answer error 4 5 -1", "answer error N... = +4 +5 +-1"},
+      {"fail window SetTimer", "fail window CALL [COUNT] = CALL:SetTimer"},
+      {"fail \"control 3\" Left 2 91",
+       "fail OBJECT MEMBER [COUNT [NUMBER]] = OBJECT:control 3 MEMBER:Left COUNT:2(2) NUMBER:91(91)"},
+      {"fail Documents Item(19)", "fail OBJECT MEMBER [COUNT [NUMBER]] = OBJECT:Documents MEMBER:Item(19)"},
+      {"shot desk all.png", "shot desk FILE.png = FILE.png:all.png"},
+      {"shot desk.png", "shot FILE.png = FILE.png:desk.png"},
+      {"expect window", "expect [N] KIND [FIELD=TEXT...] = KIND:window"},
+      {"expect 0 log text=\"a b=c\"", "expect [N] KIND [FIELD=TEXT...] = N:0 KIND:log +text=a b=c"},
+      {"expect pixel 3 4 00ff7F", "expect pixel X Y RRGGBB = X:3(3) Y:4(4) RRGGBB:00ff7F(65407)"},
+      {"then box answer=1", "then KIND [FIELD=TEXT...] = KIND:box +answer=1"},
+      {"after 50 wait 5", "after MS COMMAND... = MS:50(50) +wait +5 {wait MS = MS:5(5)}"},
+      {"\n\n# x\n", ""},
+      {"\xEF\xBB\xBFstart", "start ="},
+  };
+  for (const ParseCase& each : kCases) EXPECT_EQ(Parse(each.line), each.parsed) << each.line;
+}
+
+TEST(SceneCommand_AWrongLine, SaysWhatIsWrongAndWhatWouldBeRight) {
+  const ParseCase kCases[] = {
+      {"start now", "1: \"now\" is too much; usage: start"},
+      {"\nwait", "2: MS is missing; usage: wait MS"},
+      {"wait soon", "1: MS must be a whole number from 0 to 31622400000, not \"soon\"; usage: wait MS"},
+      {"wait -1", "1: MS must be a whole number from 0 to 31622400000, not \"-1\"; usage: wait MS"},
+      {"wait 5x", "1: MS must be a whole number from 0 to 31622400000, not \"5x\"; usage: wait MS"},
+      {"dpi 99999999999999999999",
+       "1: N must be a whole number from 24 to 960, not \"99999999999999999999\"; usage: dpi N"},
+      {"bar", "1: top|bottom|left|right|floating is missing; usage: bar top|bottom|left|right|floating"},
+      {"bar middle",
+       "1: \"middle\" stands where one of top|bottom|left|right|floating belongs; usage: bar "
+       "top|bottom|left|right|floating"},
+      {"component A.B", "1: the word \"missing\" is missing; usage: component PROGID missing"},
+      {"component A.B gone", "1: \"gone\" stands where \"missing\" belongs; usage: component PROGID missing"},
+      {"answer", "1: a word is missing; usage: answer box ok|yes|no|cancel or answer error N..."},
+      {"answer maybe", "1: \"maybe\" isn't known here; usage: answer box ok|yes|no|cancel or answer error N..."},
+      {"open A.doc fast", "1: \"fast\" is too much; usage: open NAME [icon] [reading] [mail] [new]"},
+      {"open A.doc new new", "1: \"new\" is too much; usage: open NAME [icon] [reading] [mail] [new]"},
+      {"open \"\"", "1: NAME is empty; give a name; usage: open NAME [icon] [reading] [mail] [new]"},
+      {"now 2009-02-29",
+       "1: TIME must be a day from 1900 to 9999 as YYYY-MM-DD or YYYY-MM-DDTHH:MM:SS, not "
+       "\"2009-02-29\"; usage: now YYYY-MM-DD[THH:MM:SS]"},
+      {"shot a.bmp", "1: FILE.png must be a file name that ends with .png, not \"a.bmp\"; usage: shot FILE.png"},
+      {"expect 2", "1: KIND is missing; usage: expect [N] KIND [FIELD=TEXT...]"},
+      {"expect windows",
+       "1: \"windows\" is no kind of journal line; the kinds are: object, create, window, hook, "
+       "message, log, box, result, picture, paint, state; usage: expect [N] KIND [FIELD=TEXT...]"},
+      {"expect -1 log",
+       "1: N must be a whole number from 0 to 1000000000, not \"-1\"; usage: expect [N] KIND "
+       "[FIELD=TEXT...]"},
+      {"expect log text",
+       "1: a field must be given as FIELD=TEXT, not \"text\"; usage: expect [N] KIND [FIELD=TEXT...]"},
+      {"then log =x", "1: a field must be given as FIELD=TEXT, not \"=x\"; usage: then KIND [FIELD=TEXT...]"},
+      {"expect pixel 1 2 12345",
+       "1: RRGGBB must be six hexadecimal digits, not \"12345\"; usage: expect pixel X Y RRGGBB"},
+      {"after 5", "1: COMMAND is missing; usage: after MS COMMAND..."},
+      {"after 5 wait", "1: MS is missing; usage: wait MS"},
+      {"after 5 dpi 96", "1: \"dpi N\" can't wait for its time; it must stand before start"},
+      {"fail window", "1: CALL is missing; usage: fail window CALL [COUNT]"},
+      {"open \"A", "1: the quote opened at column 6 isn't closed; close it with \" (inside, \\\" stands for a quote)"},
+  };
+  for (const ParseCase& each : kCases) EXPECT_EQ(Parse(each.line), each.parsed) << each.line;
+}
+
+TEST(SceneCommand_AnUnknownWord, ListsTheKnownOnesInOneLine) {
+  const std::string error = Parse("word 10.0\nhover 3");
+  EXPECT_TRUE(error.starts_with("2: unknown command \"hover\"; known commands are: word, product, now, ")) << error;
+  EXPECT_EQ(error.find('\n'), std::string::npos);
+}
+
+TEST(SceneCommand_AfterInItself, HasAnEnd) {
+  std::string line;
+  for (int i = 0; i < 16; ++i) line += "after 1 ";
+  EXPECT_EQ(Parse(line + "mark").find("too often"), std::string::npos);
+  for (int i = 0; i < 100000; ++i) line += "after 1 ";
+  EXPECT_EQ(Parse(line + "mark"), "1: after stands in itself too often; 16 times are allowed");
+}
+
+TEST(SceneCommand_EachForm, IsFoundByItsOwnUsage) {
+  for (const CommandForm& form : CommandForms()) {
+    EXPECT_EQ(Usage(form).find(':') != std::string::npos, form.verb == Verb::kNow) << Usage(form);
+  }
+}
+
+TEST(SceneCommand_ATime, IsADayOfTheCalendar) {
+  struct {
+    const char* text;
+    bool good;
+  } const kCases[] = {
+      {"2009-03-02", true},           {"2008-02-29", true},           {"2009-03-02T23:59:59", true},
+      {"1900-01-01", true},           {"9999-12-31", true},           {"1899-12-31", false},
+      {"1900-02-29", false},          {"2009-13-01", false},          {"2009-00-01", false},
+      {"2009-01-32", false},          {"2009-04-31", false},          {"2009-3-2", false},
+      {"2009-03-02T24:00:00", false}, {"2009-03-02T00:60:00", false}, {"2009-03-02T09:00", false},
+      {"2009-03-02 ", false},         {"2009-03-02T", false},         {"", false},
+  };
+  for (const auto& each : kCases) {
+    std::int64_t time = 0;
+    EXPECT_EQ(ParseTime(each.text, time), each.good) << each.text;
+  }
+  std::int64_t before = 0, after = 0;
+  ASSERT_TRUE(ParseTime("2008-02-28T23:59:59", before) && ParseTime("2008-03-01", after));
+  EXPECT_EQ(after - before, 86'400'000 + 1000);
+}
+
+TEST(SceneCommand_OddScenes, NeverCrash) {
+  int files = 0;
+  for (const auto& entry : std::filesystem::directory_iterator(STRANDLINE_SOURCE_DIR "/fuzz/corpus/scenes")) {
+    std::ifstream file(entry.path(), std::ios::binary);
+    const std::string text{std::istreambuf_iterator<char>(file), {}};
+    const ParsedScene scene = ParseScene(text);
+    EXPECT_EQ(scene.error.empty(), scene.errorLine == 0) << entry.path();
+    EXPECT_EQ(scene.error.find('\n'), std::string::npos) << entry.path();
+    ++files;
+  }
+  EXPECT_GE(files, 10);
+}
+
+}  // namespace
+}  // namespace strandline::play
