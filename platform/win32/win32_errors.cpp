@@ -1,0 +1,77 @@
+#include "platform/win32/win32_errors.h"
+
+#include "platform/win32/windows_api.h"
+
+namespace strandline::win32 {
+
+namespace {
+
+constexpr std::uint32_t kControlErrors = 0x800A0000;
+
+struct Known {
+  HRESULT result;
+  Long number;
+};
+constexpr Known kKnown[] = {
+    {DISP_E_UNKNOWNNAME, errors::kNoSuchMember},
+    {DISP_E_MEMBERNOTFOUND, errors::kNoSuchMember},
+    {DISP_E_TYPEMISMATCH, errors::kTypeMismatch},
+    {DISP_E_OVERFLOW, errors::kOverflow},
+    {DISP_E_BADINDEX, errors::kSubscriptOutOfRange},
+    {DISP_E_NONAMEDARGS, errors::kNoNamedArguments},
+    {DISP_E_PARAMNOTFOUND, errors::kNoSuchNamedArgument},
+    {DISP_E_PARAMNOTOPTIONAL, errors::kArgumentNotOptional},
+    {DISP_E_BADPARAMCOUNT, errors::kWrongNumberOfArguments},
+    {E_OUTOFMEMORY, errors::kOutOfMemory},
+    {E_INVALIDARG, errors::kInvalidArgument},
+    {REGDB_E_CLASSNOTREG, errors::kCannotCreateComponent},
+};
+
+// From the thread's error information; empty when the object isn't one of those that leave it. Somebody else's, from
+// earlier on, would lie there then.
+String ThreadsWords(IDispatch& object) {
+  ComRef<ISupportErrorInfo> support;
+  ComRef<IErrorInfo> information;
+  if (FAILED(object.QueryInterface(IID_ISupportErrorInfo, support.PutVoid())) ||
+      support->InterfaceSupportsErrorInfo(IID_IDispatch) != S_OK || ::GetErrorInfo(0, information.Put()) != S_OK ||
+      !information) {
+    return {};
+  }
+  BSTR text = nullptr;
+  if (FAILED(information->GetDescription(&text))) return {};
+  String words = FromBstr(text);
+  ::SysFreeString(text);
+  return words;
+}
+
+}  // namespace
+
+Long ErrorNumber(Long result) {
+  if ((static_cast<std::uint32_t>(result) & 0xFFFF0000) == kControlErrors) return result & 0xFFFF;
+  for (const Known& known : kKnown) {
+    if (known.result == result) return known.number;
+  }
+  return result;
+}
+
+void RaiseResult(Long result) { Raise(ErrorNumber(result)); }
+
+Error TakeError(Long result, EXCEPINFO& exception, IDispatch* object) {
+  Error error{ErrorNumber(result), {}};
+  if (result == DISP_E_EXCEPTION) {
+    if (exception.pfnDeferredFillIn) exception.pfnDeferredFillIn(&exception);
+    // A failure without any number is still one.
+    if (exception.scode != 0) error.number = ErrorNumber(exception.scode);
+    if (exception.wCode != 0) error.number = exception.wCode;
+    error.description = FromBstr(exception.bstrDescription);
+  }
+  ::SysFreeString(exception.bstrSource);
+  ::SysFreeString(exception.bstrDescription);
+  ::SysFreeString(exception.bstrHelpFile);
+  exception = {};
+  if (error.description.IsEmpty() && object) error.description = ThreadsWords(*object);
+  if (error.description.IsEmpty()) error.description = ErrorDescription(error.number);
+  return error;
+}
+
+}  // namespace strandline::win32

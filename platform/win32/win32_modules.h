@@ -1,0 +1,28 @@
+#pragma once
+
+#include "platform/modules.h"
+#include "platform/win32/handle_map.h"
+
+namespace strandline::win32 {
+
+// Modules mapped as data files, so that no code of theirs runs, and the resources of the module that this code is part
+// of: a program or a DLL.
+class Win32Modules final : public Modules {
+ public:
+  Long LoadLibraryA(const String& path) override;
+  Long FreeLibrary(Long module) override;
+  Long FindResourceA(Long module, Long id, const String& type) override;
+  Long LoadResource(Long module, Long resource) override;
+  const Byte* LockResource(Long data) override;
+  Long SizeofResource(Long module, Long resource) override;
+  Long FreeResource(Long data) override;
+  String LoadStringA(Long module, Long id, Long limit) override;
+  Boolean LoadResData(Long id, const String& type, Array<Byte>& bytes) override;
+
+ private:
+  HandleMap mModules;
+  HandleMap mResources;
+  HandleMap mData;
+};
+
+}  // namespace strandline::win32

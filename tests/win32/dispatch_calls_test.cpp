@@ -1,0 +1,283 @@
+// How members of foreign objects are found and called, and what becomes of their failures.
+
+#include <gtest/gtest.h>
+
+#include <vector>
+
+#include "platform/win32/win32_variant.h"
+#include "platform/win32/windows_api.h"
+#include "tests/win32/dispatch_object.h"
+#include "tests/win32/stage.h"
+
+namespace strandline::win32test {
+
+namespace {
+
+constexpr int kMethod = 1;
+constexpr int kGet = 2;
+constexpr int kPut = 4;
+constexpr int kPutRef = 8;
+
+Object NewObject(ObjectPlan& plan) {
+  const win32::ComRef<IDispatch> object(new PlannedObject(plan));
+  return win32::Wrap(object.get());
+}
+
+template <class Use>
+Error Raised(Use use) {
+  try {
+    use();
+  } catch (const Error& error) {
+    return error;
+  }
+  return {};
+}
+
+// The description of the type of a dictionary, which has members Count and Item.
+win32::ComRef<ITypeInfo> TypeOfADictionary() {
+  const Object dictionary = platform::Components().CreateObject(u"Scripting.Dictionary");
+  win32::ComRef<IDispatch> object;
+  *object.Put() = win32::Unwrap(dictionary);
+  win32::ComRef<ITypeInfo> type;
+  object->GetTypeInfo(0, LOCALE_USER_DEFAULT, type.Put());
+  return type;
+}
+
+HRESULT NoMethod(int flags, VARIANT&, EXCEPINFO&) { return flags == kMethod ? DISP_E_MEMBERNOTFOUND : S_OK; }
+HRESULT NoPutRef(int flags, VARIANT&, EXCEPINFO&) { return flags == kPutRef ? DISP_E_MEMBERNOTFOUND : S_OK; }
+HRESULT Absent(int, VARIANT&, EXCEPINFO&) { return DISP_E_MEMBERNOTFOUND; }
+
+}  // namespace
+
+TEST(LateCall, TheFlags_SayWhatIsWanted) {
+  Stage stage;
+  const struct {
+    const char* name;
+    ObjectPlan::Answer answer;
+    std::function<void(const Object&)> use;
+    std::vector<int> flags;
+  } cases[] = {
+      {"get", ObjectPlan().answer, [](const Object& o) { o.Get("Name"); }, {kMethod | kGet}},
+      {"call", ObjectPlan().answer, [](const Object& o) { o.Call("Name"); }, {kMethod}},
+      {"call of a property", &NoMethod, [](const Object& o) { o.Call("Name"); }, {kMethod, kMethod | kGet}},
+      {"let of a value", ObjectPlan().answer, [](const Object& o) { o.Let("Name", Long{1}); }, {kPut}},
+      {"let of an object", ObjectPlan().answer, [](const Object& o) { o.Let("Name", o); }, {kPutRef}},
+      {"let of an object as a value", &NoPutRef, [](const Object& o) { o.Let("Name", o); }, {kPutRef, kPut}},
+      {"let of Nothing", ObjectPlan().answer, [](const Object& o) { o.Let("Name", Object()); }, {kPutRef}},
+  };
+  for (const auto& c : cases) {
+    ObjectPlan plan;
+    plan.members = {L"Name"};
+    plan.answer = c.answer;
+    c.use(NewObject(plan));
+    EXPECT_EQ(plan.flags, c.flags) << c.name;
+  }
+  ObjectPlan plan;
+  plan.members = {L"Name"};
+  plan.answer = &Absent;
+  EXPECT_EQ(Raised([&] { NewObject(plan).Call("Name"); }).number, errors::kNoSuchMember);
+  EXPECT_EQ(Raised([&] { NewObject(plan).Let("Name", Object()); }).number, errors::kNoSuchMember);
+  EXPECT_EQ(Raised([&] { NewObject(plan).Let("Name"); }).number, errors::kWrongNumberOfArguments);
+}
+
+TEST(LateCall, AName_IsAskedForOnceInAnObjectsLife) {
+  Stage stage;
+  ObjectPlan plan;
+  plan.members = {L"First", L"Second"};
+  const Object object = NewObject(plan);
+  for (int i = 0; i < 3; ++i) {
+    object.Get("Second");
+    object.Call("First");
+    object.Let("Second", Long{1});
+  }
+  EXPECT_EQ(plan.namesAsked, 2);
+  EXPECT_EQ(plan.called, (std::vector<DISPID>{101, 100, 101, 101, 100, 101, 101, 100, 101}));
+  object.Get("second");  // another spelling may be another member
+  EXPECT_EQ(plan.namesAsked, 3);
+  for (int i = 0; i < 2; ++i) {
+    EXPECT_EQ(Raised([&] { object.Get("Third"); }).number, errors::kNoSuchMember);
+  }
+  plan.members.push_back(L"Third");  // it may come
+  object.Get("Third");
+  EXPECT_EQ(plan.namesAsked, 6);
+  EXPECT_EQ(plan.called.back(), 102);
+}
+
+TEST(LateCall, MoreNamesThanAreKept_AreStillFound) {
+  Stage stage;
+  ObjectPlan plan;
+  std::vector<std::string> names;
+  for (int i = 0; i < 600; ++i) {
+    names.push_back("Member" + std::to_string(i));
+    plan.members.emplace_back(names.back().begin(), names.back().end());
+  }
+  const Object object = NewObject(plan);
+  for (int round = 0; round < 2; ++round) {
+    for (int i = 0; i < 600; ++i) {
+      object.Get(Name::FromText(names[static_cast<std::size_t>(i)]));
+      ASSERT_EQ(plan.called.back(), 100 + i);
+    }
+  }
+  EXPECT_LT(plan.namesAsked, 1200);
+}
+
+TEST(LateCall, ObjectsOfOneType_ShareTheIdentifiersThatItsDescriptionConfirms) {
+  Stage stage;
+  ObjectPlan first;
+  ObjectPlan second;
+  ObjectPlan stranger;  // names the same type, and numbers its members in a way of its own
+  first.type = second.type = stranger.type = TypeOfADictionary();
+  ASSERT_TRUE(first.type);
+  stranger.offset = 1000;
+  {
+    const Object object = NewObject(stranger);
+    object.Get("CompareMode");
+    object.Get("CompareMode");
+    EXPECT_EQ(stranger.namesAsked, 1);
+  }
+  NewObject(first).Get("CompareMode");
+  EXPECT_EQ(first.namesAsked, 1);  // what the stranger answered isn't the type's
+  NewObject(second).Get("CompareMode");
+  EXPECT_EQ(second.namesAsked, 0);
+  EXPECT_EQ(second.called, first.called);
+  EXPECT_EQ(stranger.called[0], first.called[0] + 1000);
+}
+
+TEST(LateCall, NamesByTheExtendedInterface) {
+  Stage stage;
+  ObjectPlan plan;
+  plan.members = {L"Name"};
+  plan.names = E_NOTIMPL;
+  EXPECT_EQ(Raised([&] { NewObject(plan).Get("Name"); }).number, static_cast<Long>(E_NOTIMPL));
+  plan.isExtended = true;
+  const Object object = NewObject(plan);
+  object.Get("Name");
+  object.Get("NAME");
+  EXPECT_EQ(plan.called, (std::vector<DISPID>{100, 100}));
+  EXPECT_EQ(Raised([&] { object.Get("Absent"); }).number, errors::kNoSuchMember);
+  const Error refused = Raised([&] { object.Call("Name", Named{"Argument", Long{1}}); });
+  EXPECT_EQ(refused.number, errors::kNoNamedArguments);
+}
+
+TEST(LateCall, AnObjectThatIsGone_RaisesThatAtEachUse) {
+  Stage stage;
+  ObjectPlan plan;
+  plan.members = {L"Name"};
+  const Object object = NewObject(plan);
+  object.Get("Name");
+  plan.names = RPC_E_DISCONNECTED;
+  plan.answer = [](int, VARIANT&, EXCEPINFO&) { return RPC_E_DISCONNECTED; };
+  const auto gone = static_cast<Long>(RPC_E_DISCONNECTED);
+  EXPECT_EQ(Raised([&] { object.Get("Name"); }).number, gone);
+  EXPECT_EQ(Raised([&] { object.Call("Name", Long{1}); }).number, gone);
+  EXPECT_EQ(Raised([&] { object.Let("Name", Long{1}); }).number, gone);
+  EXPECT_EQ(Raised([&] { object.Get("Other"); }).number, gone);
+  EXPECT_EQ(Raised([&] { object.Call("Name", Named{"Argument", Long{1}}); }).number, gone);
+  EXPECT_EQ(Raised([&] { object.Target()->Elements(); }).number, gone);
+}
+
+namespace {
+
+HRESULT STDAPICALLTYPE FillIn(EXCEPINFO* exception) {
+  exception->wCode = 1234;
+  exception->bstrDescription = ::SysAllocString(L"late words");
+  return S_OK;
+}
+
+void LeaveErrorInfo(const wchar_t* words) {
+  win32::ComRef<ICreateErrorInfo> made;
+  win32::ComRef<IErrorInfo> information;
+  ASSERT_EQ(::CreateErrorInfo(made.Put()), S_OK);
+  std::wstring text = words;
+  made->SetDescription(text.data());
+  made->QueryInterface(IID_IErrorInfo, information.PutVoid());
+  ::SetErrorInfo(0, information.get());
+}
+
+}  // namespace
+
+TEST(LateCall, AFailure_BearsTheObjectsOwnNumberAndWords) {
+  Stage stage;
+  const auto exception = [](WORD code, HRESULT scode, const wchar_t* words) {
+    return [=](int, VARIANT&, EXCEPINFO& told) {
+      told.wCode = code;
+      told.scode = scode;
+      told.bstrSource = ::SysAllocString(L"source");
+      if (words) told.bstrDescription = ::SysAllocString(words);
+      return HRESULT{DISP_E_EXCEPTION};
+    };
+  };
+  const auto plainly = [](HRESULT result) { return [=](int, VARIANT&, EXCEPINFO&) { return result; }; };
+  const auto withInfo = [](HRESULT result) {
+    return [=](int, VARIANT&, EXCEPINFO&) {
+      LeaveErrorInfo(L"left words");
+      return result;
+    };
+  };
+  const auto control = static_cast<HRESULT>(0x800A11FD);
+  const struct {
+    const char* name;
+    ObjectPlan::Answer answer;
+    bool leavesErrorInfo;
+    Long number;
+    String words;
+  } cases[] = {
+      {"scode", exception(0, control, L"words"), false, 4605, u"words"},
+      {"code", exception(53, 0, L"words"), false, 53, u"words"},
+      {"code before scode", exception(53, control, nullptr), false, 53, ErrorDescription(53)},
+      {"neither", exception(0, 0, nullptr), false, static_cast<Long>(DISP_E_EXCEPTION), ErrorDescription(0)},
+      {"no words", exception(0, DISP_E_OVERFLOW, nullptr), false, 6, ErrorDescription(6)},
+      {"filled in late",
+       [](int, VARIANT&, EXCEPINFO& told) {
+         told.pfnDeferredFillIn = &FillIn;
+         return HRESULT{DISP_E_EXCEPTION};
+       },
+       false, 1234, u"late words"},
+      {"error information", withInfo(E_INVALIDARG), true, 5, u"left words"},
+      {"somebody else's error information", withInfo(E_INVALIDARG), false, 5, ErrorDescription(5)},
+      {"error information beside an exception", withInfo(DISP_E_EXCEPTION), true, static_cast<Long>(DISP_E_EXCEPTION),
+       u"left words"},
+      {"none left", plainly(control), true, 4605, ErrorDescription(4605)},
+      {"no named arguments", plainly(DISP_E_NONAMEDARGS), false, errors::kNoNamedArguments, ErrorDescription(446)},
+  };
+  for (const auto& c : cases) {
+    ::SetErrorInfo(0, nullptr);
+    ObjectPlan plan;
+    plan.members = {L"Name"};
+    plan.answer = c.answer;
+    plan.leavesErrorInfo = c.leavesErrorInfo;
+    const Error error = Raised([&] { NewObject(plan).Get("Name"); });
+    EXPECT_EQ(error.number, c.number) << c.name;
+    EXPECT_EQ(error.description, c.words) << c.name;
+  }
+  ::SetErrorInfo(0, nullptr);
+}
+
+TEST(LateCall, TwoDoorsToOneObject_AreOneObject) {
+  Stage stage;
+  ObjectPlan plan;
+  auto* const made = new PlannedObject(plan);
+  const win32::ComRef<IDispatch> held(made);
+  const Object first = win32::Wrap(held.get());
+  const Object second = win32::Wrap(made->Second());
+  EXPECT_TRUE(first == second);
+  ObjectPlan otherPlan;
+  const Object other = NewObject(otherPlan);
+  EXPECT_FALSE(first == other);
+  EXPECT_NE(first.Identity(), other.Identity());
+  EXPECT_GE(first.Identity(), 0);
+}
+
+TEST(LateCall, TheResult_IsWhatTheObjectGives) {
+  Stage stage;
+  ObjectPlan plan;
+  plan.members = {L"Name"};
+  plan.answer = [](int, VARIANT& result, EXCEPINFO&) {
+    result.vt = VT_NULL;
+    return S_OK;
+  };
+  EXPECT_TRUE(NewObject(plan).Get("Name").IsNull());
+  EXPECT_EQ(Raised([&] { NewObject(plan).Get("Name").ToLong(); }).number, errors::kInvalidUseOfNull);
+}
+
+}  // namespace strandline::win32test
