@@ -1,0 +1,190 @@
+#include "server/connections.h"
+
+#include <algorithm>
+#include <new>
+
+namespace strandline::server {
+
+namespace {
+
+using win32::ComRef;
+
+// One element of an enumeration, counted for the caller.
+void CopyTo(const Connection& from, CONNECTDATA& to) {
+  to.dwCookie = from.cookie;
+  to.pUnk = from.sink.get();
+  to.pUnk->AddRef();
+}
+void CopyTo(const ComRef<IConnectionPoint>& from, IConnectionPoint*& to) {
+  to = from.get();
+  to->AddRef();
+}
+
+// The elements as they were when the enumeration began.
+template <class Interface, class Element, class Given>
+class Enumeration final : public Interface, private win32::LiveObject {
+ public:
+  explicit Enumeration(std::vector<Element> elements, std::size_t at = 0) : mElements(std::move(elements)), mAt(at) {}
+
+  STDMETHODIMP QueryInterface(REFIID id, void** object) override {
+    if (!object) return E_POINTER;
+    *object = id == IID_IUnknown || id == __uuidof(Interface) ? this : nullptr;
+    if (!*object) return E_NOINTERFACE;
+    AddRef();
+    return S_OK;
+  }
+  STDMETHODIMP_(ULONG) AddRef() override { return ++mOwners; }
+  STDMETHODIMP_(ULONG) Release() override {
+    const ULONG left = --mOwners;
+    if (left == 0) delete this;
+    return left;
+  }
+  STDMETHODIMP Next(ULONG wanted, Given* given, ULONG* fetched) override {
+    if (fetched) *fetched = 0;
+    if (!given || (!fetched && wanted != 1)) return E_POINTER;
+    ULONG count = 0;
+    for (; count < wanted && mAt < mElements.size(); ++count) CopyTo(mElements[mAt++], given[count]);
+    if (fetched) *fetched = count;
+    return count == wanted ? S_OK : S_FALSE;
+  }
+  STDMETHODIMP Skip(ULONG count) override {
+    const std::size_t left = mElements.size() - mAt;
+    mAt += std::min<std::size_t>(count, left);
+    return count <= left ? S_OK : S_FALSE;
+  }
+  STDMETHODIMP Reset() override {
+    mAt = 0;
+    return S_OK;
+  }
+  STDMETHODIMP Clone(Interface** clone) override {
+    if (!clone) return E_POINTER;
+    return Make(mElements, mAt, clone);
+  }
+
+  static HRESULT Make(const std::vector<Element>& elements, std::size_t at, Interface** made) noexcept {
+    *made = nullptr;
+    try {
+      *made = new Enumeration(elements, at);
+      (*made)->AddRef();
+      return S_OK;
+    } catch (const std::bad_alloc&) {
+      return E_OUTOFMEMORY;
+    }
+  }
+
+ private:
+  ~Enumeration() = default;
+
+  std::vector<Element> mElements;
+  std::size_t mAt;
+  ULONG mOwners = 0;
+};
+
+using Connections = Enumeration<IEnumConnections, Connection, CONNECTDATA>;
+using Points = Enumeration<IEnumConnectionPoints, ComRef<IConnectionPoint>, IConnectionPoint*>;
+
+void Send(IDispatch& sink, DISPID event, std::span<VARIANT> arguments) {
+  DISPPARAMS parameters{arguments.data(), nullptr, static_cast<UINT>(arguments.size()), 0};
+  VARIANT result;
+  VariantInit(&result);
+  EXCEPINFO exception{};
+  UINT badArgument = 0;
+  sink.Invoke(event, IID_NULL, LOCALE_USER_DEFAULT, DISPATCH_METHOD, &parameters, &result, &exception, &badArgument);
+  VariantClear(&result);
+  ::SysFreeString(exception.bstrSource);
+  ::SysFreeString(exception.bstrDescription);
+  ::SysFreeString(exception.bstrHelpFile);
+}
+
+}  // namespace
+
+HRESULT ConnectionPoint::QueryInterface(REFIID id, void** object) {
+  if (!object) return E_POINTER;
+  *object = id == IID_IUnknown || id == IID_IConnectionPoint ? this : nullptr;
+  if (!*object) return E_NOINTERFACE;
+  AddRef();
+  return S_OK;
+}
+
+HRESULT ConnectionPoint::GetConnectionInterface(IID* id) {
+  if (!id) return E_POINTER;
+  *id = mEventsId;
+  return S_OK;
+}
+
+HRESULT ConnectionPoint::GetConnectionPointContainer(IConnectionPointContainer** owner) {
+  if (!owner) return E_POINTER;
+  *owner = &mOwner;
+  mOwner.AddRef();
+  return S_OK;
+}
+
+HRESULT ConnectionPoint::Advise(IUnknown* sink, DWORD* cookie) {
+  if (!cookie) return E_POINTER;
+  *cookie = 0;
+  if (!sink) return E_POINTER;
+  ComRef<IDispatch> called;
+  if (FAILED(sink->QueryInterface(mEventsId, called.PutVoid())) &&
+      FAILED(sink->QueryInterface(IID_IDispatch, called.PutVoid()))) {
+    return CONNECT_E_CANNOTCONNECT;
+  }
+  try {
+    mConnections.push_back({++mLastCookie, called});
+    if (mConnections.size() == 1) mOnChange(true);
+  } catch (...) {
+    std::erase_if(mConnections, [this](const Connection& connection) { return connection.cookie == mLastCookie; });
+    return E_OUTOFMEMORY;
+  }
+  *cookie = mLastCookie;
+  return S_OK;
+}
+
+HRESULT ConnectionPoint::Unadvise(DWORD cookie) {
+  const auto at = std::find_if(mConnections.begin(), mConnections.end(),
+                               [cookie](const Connection& connection) { return connection.cookie == cookie; });
+  if (at == mConnections.end()) return CONNECT_E_NOCONNECTION;
+  // Letting go of the sink may call back here.
+  const ComRef<IDispatch> sink = at->sink;
+  mConnections.erase(at);
+  if (mConnections.empty()) mOnChange(false);
+  return S_OK;
+}
+
+HRESULT ConnectionPoint::EnumConnections(IEnumConnections** connections) {
+  if (!connections) return E_POINTER;
+  return Connections::Make(mConnections, 0, connections);
+}
+
+bool ConnectionPoint::IsConnected(DWORD cookie) const {
+  return std::any_of(mConnections.begin(), mConnections.end(),
+                     [cookie](const Connection& connection) { return connection.cookie == cookie; });
+}
+
+void ConnectionPoint::Raise(DISPID event, std::span<VARIANT> arguments) {
+  const ComRef<IConnectionPointContainer> held(&mOwner);
+  const std::vector<Connection> connected = mConnections;
+  for (const Connection& connection : connected) {
+    if (IsConnected(connection.cookie)) Send(*connection.sink.get(), event, arguments);
+  }
+}
+
+HRESULT FindPoint(ConnectionPoint& point, REFIID id, const IID& eventsId, IConnectionPoint** found) {
+  if (!found) return E_POINTER;
+  *found = nullptr;
+  if (id != eventsId) return CONNECT_E_NOCONNECTION;
+  *found = &point;
+  point.AddRef();
+  return S_OK;
+}
+
+HRESULT EnumeratePoint(ConnectionPoint& point, IEnumConnectionPoints** points) {
+  if (!points) return E_POINTER;
+  *points = nullptr;
+  try {
+    return Points::Make({ComRef<IConnectionPoint>(&point)}, 0, points);
+  } catch (const std::bad_alloc&) {
+    return E_OUTOFMEMORY;
+  }
+}
+
+}  // namespace strandline::server

@@ -1,0 +1,147 @@
+// A ribbon component that the library creates by name, and what it gets: the relay, as an object of the public class.
+
+#include <gtest/gtest.h>
+
+#include <stdexcept>
+#include <string>
+#include <vector>
+
+#include "platform/win32/win32_variant.h"
+#include "server/registry.h"
+#include "tests/server/client.h"
+#include "tests/server/sink.h"
+
+namespace strandline::servertest {
+
+namespace {
+
+// Anything but a class of ours; known to this program's run alone.
+constexpr CLSID kHandlerClass = {0x6e0d9a34, 0x7b54, 0x4f0a, {0x9c, 0x61, 0x3d, 0x4e, 0x0c, 0x5f, 0x27, 0x18}};
+constexpr wchar_t kHandlerKey[] = L"Software\\Classes\\RibbonHandler.Main2";
+
+// Gives out one object, for the time of a test, under the component's name.
+class Component final : public IClassFactory {
+ public:
+  explicit Component(IDispatch* object) : mObject(object) {
+    wchar_t id[40];
+    ::StringFromGUID2(kHandlerClass, id, 40);
+    EXPECT_EQ(server::registry::Write(HKEY_LOCAL_MACHINE, std::wstring(kHandlerKey) + L"\\CLSID", nullptr, id), 0);
+    EXPECT_EQ(::CoRegisterClassObject(kHandlerClass, this, CLSCTX_INPROC_SERVER, REGCLS_MULTIPLEUSE, &mCookie), S_OK);
+  }
+  ~Component() {
+    ::CoRevokeClassObject(mCookie);
+    server::registry::Delete(HKEY_LOCAL_MACHINE, kHandlerKey);
+  }
+  STDMETHODIMP QueryInterface(REFIID id, void** object) override {
+    *object = id == IID_IUnknown || id == IID_IClassFactory ? this : nullptr;
+    return *object ? S_OK : E_NOINTERFACE;
+  }
+  STDMETHODIMP_(ULONG) AddRef() override { return 2; }
+  STDMETHODIMP_(ULONG) Release() override { return 1; }
+  STDMETHODIMP CreateInstance(IUnknown*, REFIID id, void** object) override {
+    return mObject->QueryInterface(id, object);
+  }
+  STDMETHODIMP LockServer(BOOL) override { return S_OK; }
+
+ private:
+  IDispatch* mObject;
+  DWORD mCookie = 0;
+};
+
+// What stands in this program's own copy of the images.
+std::vector<BYTE> ImageBytes(int number) {
+  const HRSRC found = ::FindResourceW(nullptr, MAKEINTRESOURCEW(number), L"CUSTOM");
+  EXPECT_NE(found, nullptr);
+  if (!found) return {};
+  const auto* from = static_cast<const BYTE*>(::LockResource(::LoadResource(nullptr, found)));
+  return std::vector<BYTE>(from, from + ::SizeofResource(nullptr, found));
+}
+
+class Ribbon : public testing::Test {
+ protected:
+  Ribbon() {
+    EXPECT_EQ(product.Initialize(*main.get()), S_OK);
+    if (relay.IsNothing()) throw std::runtime_error("the component wasn't given the relay");
+  }
+
+  ComRef<_RibbonEvents> RelayOutside() const {
+    ComRef<IDispatch> object;
+    *object.Put() = win32::Unwrap(relay);
+    ComRef<_RibbonEvents> outside;
+    EXPECT_EQ(object->QueryInterface(IID__RibbonEvents, outside.PutVoid()), S_OK);
+    return outside;
+  }
+
+  Dll dll;
+  Object relay;  // as the component has it
+  Ref<Played> handler = New<Played>([this](Use, std::string_view member, const Arguments& arguments) -> Variant {
+    if (member == "Initialize") relay = arguments.positional[0].ToObject();
+    return {};
+  });
+  ComRef<IDispatch> handlerOutside = Outside(handler);
+  Component component{handlerOutside.get()};
+  PlayedProduct product;
+  ComRef<_Main2> main = dll.NewMain2();
+};
+
+}  // namespace
+
+TEST_F(Ribbon, IsGivenTheRelay_WhichAnswersWithTheImages) {
+  const ComRef<_RibbonEvents> outside = RelayOutside();
+  short index = 102;
+  SAFEARRAY* bytes = nullptr;
+  ASSERT_EQ(outside->getToolbarIconBits(&index, &bytes), S_OK);
+  ASSERT_NE(bytes, nullptr);
+  const auto* from = static_cast<const BYTE*>(bytes->pvData);
+  EXPECT_EQ(std::vector<BYTE>(from, from + bytes->rgsabound[0].cElements), ImageBytes(102));
+  ::SafeArrayDestroy(bytes);
+}
+
+TEST_F(Ribbon, AnImageThatIsntThere_GivesNoBytes) {
+  const ComRef<_RibbonEvents> outside = RelayOutside();
+  short index = 9999;
+  SAFEARRAY* bytes = nullptr;
+  EXPECT_EQ(outside->getToolbarIconBits(&index, &bytes), S_OK);
+  EXPECT_EQ(bytes, nullptr);
+}
+
+TEST_F(Ribbon, ACommandReachesTheProduct_AndAListenerBesides) {
+  const ComRef<_RibbonEvents> outside = RelayOutside();
+  ComRef<IConnectionPointContainer> container;
+  ComRef<IConnectionPoint> point;
+  ASSERT_EQ(outside->QueryInterface(IID_IConnectionPointContainer, container.PutVoid()), S_OK);
+  ASSERT_EQ(container->FindConnectionPoint(DIID___RibbonEvents, point.Put()), S_OK);
+  Sink sink(DIID___RibbonEvents);
+  DWORD cookie = 0;
+  ASSERT_EQ(point->Advise(&sink, &cookie), S_OK);
+  Bstr command(L"InsertReference");
+  EXPECT_EQ(outside->run(command.Place()), S_OK);
+  EXPECT_EQ(product.commands, std::vector<std::string>{"InsertReference"});
+  EXPECT_EQ(sink.heard, std::vector<DISPID>{2});
+  EXPECT_EQ(point->Unadvise(cookie), S_OK);
+}
+
+TEST_F(Ribbon, IsToldOfDocumentsAndGivenBack) {
+  handler->uses.clear();
+  VARIANT_BOOL fromIcon = VARIANT_FALSE;
+  EXPECT_EQ(main->HandleCreateDocument(&fromIcon), S_OK);
+  EXPECT_EQ(handler->uses.front(), "call EnableToolbar");
+  ComRef<IDispatch> given;
+  EXPECT_EQ(main->get_RibbonHandler(given.Put()), S_OK);
+  EXPECT_EQ(given.get(), handlerOutside.get());
+}
+
+TEST_F(Ribbon, TheRelayOutlivesQuit_AndDoesNothingThen) {
+  const ComRef<_RibbonEvents> outside = RelayOutside();
+  EXPECT_EQ(main->Quit(), S_OK);
+  ComRef<IDispatch> given;
+  EXPECT_EQ(main->get_RibbonHandler(given.Put()), S_OK);
+  EXPECT_FALSE(given);
+  main = {};
+  EXPECT_EQ(dll.CanUnloadNow(), S_FALSE);
+  Bstr command(L"InsertReference");
+  EXPECT_EQ(outside->run(command.Place()), S_OK);
+  EXPECT_TRUE(product.commands.empty());
+}
+
+}  // namespace strandline::servertest
