@@ -1,0 +1,91 @@
+// What a long day leaves behind: a thousand documents come and go under the real DLL, and the system's handles are
+// counted before and after.
+
+#include <gtest/gtest.h>
+
+#include <optional>
+
+#include "play/journal_file.h"
+#include "tests/wordhost/system_handles.h"
+#include "wordhost/host_session.h"
+#include "wordsim/document.h"
+//
+#include "platform/win32/windows_api.h"
+
+namespace strandline::wordhosttest {
+namespace {
+
+std::string DllPath() {
+  char path[MAX_PATH] = "";
+  ::GetModuleFileNameA(nullptr, path, MAX_PATH);
+  const std::string program = path;
+  return program.substr(0, program.find_last_of('\\') + 1) + "strandline.dll";
+}
+
+// Word of that version with the DLL in it, started.
+class StartedWord {
+ public:
+  explicit StartedWord(const char16_t* version) {
+    play::SceneSettings settings;
+    settings.world.wordVersion = version;
+    mSession.emplace(settings, wordhost::HostSession::Surroundings{mRegistry, mLibrary, mJournal, nullptr, {}}, false);
+    EXPECT_EQ(mSession->Problem(), "");
+    EXPECT_EQ(mSession->Start(), "");
+  }
+  ~StartedWord() {
+    if (mSession->IsStarted()) mSession->Main2().Call("Quit");
+    mSession->Unload();
+    mSession.reset();
+    mRegistry.TakeAway();
+  }
+  StartedWord(const StartedWord&) = delete;
+  StartedWord& operator=(const StartedWord&) = delete;
+
+  // The product forwards the events as it does for its user; the strip is painted meanwhile.
+  void LiveAndDie(const String& name) {
+    wordsim::Document& document = mSession->World().Open(name);
+    mSession->Main2().Call("HandleCreateDocument", false);
+    mSession->Clock().Wait(0);
+    const Object face = Ref<wordsim::Document>(&document);
+    ASSERT_TRUE(mSession->Main2().Call("HandleCloseDocument", face).ToBoolean());
+    mSession->World().Close(name);
+    mSession->Clock().Wait(0);
+  }
+  void LiveAndDie(int times) {
+    for (int i = 0; i < times; ++i) LiveAndDie(Concat({u"Life ", DecimalText(i), u".doc"}));
+  }
+
+ private:
+  wordhost::RegistryEntries mRegistry;
+  wordhost::LibraryModule mLibrary{DllPath()};
+  play::JournalFile mJournal;
+  std::optional<wordhost::HostSession> mSession;
+};
+
+}  // namespace
+
+TEST(SystemHandles, AreReallyCounted) {
+  const SystemHandles before = SystemHandles::Now();
+  const HDC context = ::CreateCompatibleDC(nullptr);
+  const HBITMAP bitmap = ::CreateBitmap(4, 4, 1, 1, nullptr);
+  EXPECT_EQ(SystemHandles::Now().graphics, before.graphics + 2);
+  ::DeleteDC(context);
+  ::DeleteObject(bitmap);
+  EXPECT_EQ(SystemHandles::Now().graphics, before.graphics);
+}
+
+TEST(DocumentLives, AThousandOfThem_LeaveNothingOfTheSystems) {
+#ifdef _WIN64
+  StartedWord word(u"16.0");
+#else
+  StartedWord word(u"11.0");
+#endif
+  word.LiveAndDie(10);
+  const SystemHandles before = SystemHandles::Now();
+  word.LiveAndDie(1000);
+  const SystemHandles after = SystemHandles::Now();
+  EXPECT_EQ(after.graphics, before.graphics);
+  EXPECT_EQ(after.windows, before.windows);
+}
+
+}  // namespace strandline::wordhosttest
