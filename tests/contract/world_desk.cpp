@@ -1,0 +1,47 @@
+// The desk as the world of the contract.
+
+#include <fstream>
+#include <iterator>
+
+#include "platform/desk/desk.h"
+#include "tests/contract/contract.h"
+
+namespace strandline::contract {
+
+namespace {
+
+class DeskWorld final : public World {
+ public:
+  Platform Services() override { return mDesk.Services(); }
+  HostWindows& Host() override { return mDesk.Host(); }
+  HostCanvas& Canvas() override { return mDesk.Canvas(); }
+  HostClock& Clock() override { return mDesk.Clock(); }
+
+  String MakeModule(const ModuleContents& contents) override {
+    desk::ModuleImage image;
+    for (const auto& [id, bytes] : contents.resources) image.AddResource(id, u"CUSTOM", bytes);
+    image.strings = contents.strings;
+    const String path = Concat({u"C:\\Contract\\module", FromUtf8(std::to_string(++mModules)), u".dll"});
+    mDesk.Modules().SetModule(path, std::move(image));
+    return path;
+  }
+
+  void Compute(std::int64_t) override {}
+
+ private:
+  desk::Desk mDesk;
+  int mModules = 0;
+};
+
+}  // namespace
+
+std::unique_ptr<World> MakeWorld() { return std::make_unique<DeskWorld>(); }
+
+bool IsWine() { return false; }
+
+std::vector<Byte> BytesOfFile(const std::string& path) {
+  std::ifstream file(STRANDLINE_SOURCE_DIR "/" + path, std::ios::binary);
+  return {std::istreambuf_iterator<char>(file), {}};
+}
+
+}  // namespace strandline::contract
