@@ -1,0 +1,61 @@
+# What runs without Windows: the desk and its program, the tests, bench/ and fuzz/.
+
+find_package(GIF REQUIRED)
+find_package(PNG REQUIRED)
+find_package(PkgConfig REQUIRED)
+pkg_check_modules(TURBOJPEG REQUIRED IMPORTED_TARGET libturbojpeg)
+pkg_check_modules(SDL2 REQUIRED IMPORTED_TARGET sdl2)
+find_package(nlohmann_json REQUIRED)
+find_package(GTest REQUIRED)
+
+include(resources/embed.cmake)
+
+strandline_floor(strandline_wrappers FOLDERS platform/wrappers USES strandline_core)
+strandline_floor(strandline_deskplatform FOLDERS platform/desk platform/desk/raster
+                 USES strandline_core strandline_wrappers)
+target_link_libraries(strandline_deskplatform PRIVATE GIF::GIF PNG::PNG PkgConfig::TURBOJPEG PkgConfig::SDL2)
+strandline_embed_images(strandline_deskplatform)
+
+strandline_floor(strandline_play FOLDERS play USES strandline_wordsim strandline_wrappers nlohmann_json::nlohmann_json)
+target_precompile_headers(strandline_play PRIVATE <nlohmann/json.hpp> <functional> <string> <vector>)
+strandline_floor(strandline_deskprogram FOLDERS desk USES strandline_deskplatform strandline_play)
+get_target_property(desk_sources strandline_deskprogram SOURCES)
+list(FILTER desk_sources EXCLUDE REGEX "/desk/main\\.cpp$")
+set_target_properties(strandline_deskprogram PROPERTIES SOURCES "${desk_sources}")
+add_executable(strandline-desk desk/main.cpp)
+target_link_libraries(strandline-desk PRIVATE strandline_deskprogram)
+target_precompile_headers(strandline_deskprogram PRIVATE <nlohmann/json.hpp> <functional> <string> <vector>)
+
+enable_testing()
+file(GLOB_RECURSE test_sources CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/tests/*.cpp)
+# Those of the other world, which the cross compiler builds.
+list(FILTER test_sources EXCLUDE REGEX "/tests/(win32|server|script|wordhost)/|_win32\\.cpp$")
+add_executable(strandline_tests ${test_sources})
+target_link_libraries(strandline_tests PRIVATE strandline_deskprogram GTest::gtest GTest::gmock GTest::gtest_main PNG::PNG)
+target_compile_definitions(strandline_tests PRIVATE
+  STRANDLINE_SOURCE_DIR="${CMAKE_SOURCE_DIR}" STRANDLINE_DESK_PROGRAM="$<TARGET_FILE:strandline-desk>")
+add_dependencies(strandline_tests strandline-desk)
+# The tests' own code isn't what is measured or shipped: it is built fast.
+target_compile_options(strandline_tests PRIVATE -O0 -g0)
+target_precompile_headers(strandline_tests PRIVATE <gtest/gtest.h> <functional> <optional> <string> <vector>
+                          "${CMAKE_SOURCE_DIR}/platform/platform.h")
+file(GLOB fuzz_sources CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/fuzz/*.cpp)
+
+if(STRANDLINE_BENCH)
+  find_package(benchmark REQUIRED)
+  pkg_check_modules(LUA REQUIRED IMPORTED_TARGET lua5.4)
+  file(GLOB bench_sources CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/bench/*.cpp)
+  add_executable(strandline_bench ${bench_sources} tests/support/allocations.cpp)
+  target_link_libraries(strandline_bench PRIVATE strandline_deskprogram benchmark::benchmark
+                        PkgConfig::SDL2 PkgConfig::LUA)
+endif()
+
+if(STRANDLINE_FUZZ)
+  foreach(source IN LISTS fuzz_sources)
+    get_filename_component(name ${source} NAME_WE)
+    add_executable(${name} ${source})
+    target_link_libraries(${name} PRIVATE strandline_deskprogram)
+    target_compile_options(${name} PRIVATE -fsanitize=fuzzer)
+    target_link_options(${name} PRIVATE -fsanitize=fuzzer)
+  endforeach()
+endif()
