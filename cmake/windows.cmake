@@ -81,6 +81,13 @@ add_custom_command(
   VERBATIM)
 add_custom_target(strandline_test_module ALL DEPENDS images.dll)
 
+# A module whose code leaves a trace when it runs, which it never may.
+if(EXISTS ${CMAKE_SOURCE_DIR}/tests/win32/noisy_module/noisy.cpp)
+  add_library(strandline_noisy_module SHARED tests/win32/noisy_module/noisy.cpp ${CMAKE_CURRENT_BINARY_DIR}/images.rc)
+  set_target_properties(strandline_noisy_module PROPERTIES PREFIX "" OUTPUT_NAME noisy)
+  add_dependencies(strandline_test_module strandline_noisy_module)
+endif()
+
 # The tests, which Debian's package of googletest comes to as sources.
 set(INSTALL_GTEST OFF CACHE BOOL "" FORCE)
 add_subdirectory(/usr/src/googletest ${CMAKE_CURRENT_BINARY_DIR}/googletest EXCLUDE_FROM_ALL)

@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <optional>
+#include <set>
 
 #include "play/journal_file.h"
 #include "tests/wordhost/system_handles.h"
@@ -25,7 +26,7 @@ std::string DllPath() {
 // Word of that version with the DLL in it, started.
 class StartedWord {
  public:
-  explicit StartedWord(const char16_t* version) {
+  explicit StartedWord(const char16_t* version) : mHasRibbon(TextView(version) >= u"12") {
     play::SceneSettings settings;
     settings.world.wordVersion = version;
     mSession.emplace(settings, wordhost::HostSession::Surroundings{mRegistry, mLibrary, mJournal, nullptr, {}}, false);
@@ -33,10 +34,20 @@ class StartedWord {
     EXPECT_EQ(mSession->Start(), "");
   }
   ~StartedWord() {
-    if (mSession->IsStarted()) mSession->Main2().Call("Quit");
+    if (mSession) End();
+  }
+  // The product lets go of everything. Whether the DLL then says that nothing of it lives.
+  bool End() {
+    mSession->Main2().Call("Quit");
+    const HMODULE dll = ::LoadLibraryA(DllPath().c_str());
     mSession->Unload();
+    const auto canUnload =
+        reinterpret_cast<HRESULT(WINAPI*)()>(reinterpret_cast<void*>(::GetProcAddress(dll, "DllCanUnloadNow")));
+    const bool isFree = canUnload && canUnload() == S_OK;
     mSession.reset();
     mRegistry.TakeAway();
+    ::FreeLibrary(dll);
+    return isFree;
   }
   StartedWord(const StartedWord&) = delete;
   StartedWord& operator=(const StartedWord&) = delete;
@@ -46,6 +57,9 @@ class StartedWord {
     wordsim::Document& document = mSession->World().Open(name);
     mSession->Main2().Call("HandleCreateDocument", false);
     mSession->Clock().Wait(0);
+    if (!mHasRibbon) {
+      ASSERT_GT(ColoursOfTheStrip(), 20u) << "nothing was painted in " << ToUtf8(name);
+    }
     const Object face = Ref<wordsim::Document>(&document);
     ASSERT_TRUE(mSession->Main2().Call("HandleCloseDocument", face).ToBoolean());
     mSession->World().Close(name);
@@ -56,6 +70,17 @@ class StartedWord {
   }
 
  private:
+  // A bar that Word alone draws has few.
+  std::size_t ColoursOfTheStrip() {
+    std::set<std::uint32_t> colours;
+    constexpr Long kMiddle = 17;  // pixels from the top, within the icons
+    for (Long x = 0; const std::optional<std::uint32_t> colour = mSession->BarPixel(x, kMiddle); x += 3) {
+      colours.insert(*colour);
+    }
+    return colours.size();
+  }
+
+  const bool mHasRibbon;
   wordhost::RegistryEntries mRegistry;
   wordhost::LibraryModule mLibrary{DllPath()};
   play::JournalFile mJournal;
@@ -86,6 +111,7 @@ TEST(DocumentLives, AThousandOfThem_LeaveNothingOfTheSystems) {
   const SystemHandles after = SystemHandles::Now();
   EXPECT_EQ(after.graphics, before.graphics);
   EXPECT_EQ(after.windows, before.windows);
+  EXPECT_TRUE(word.End());
 }
 
 }  // namespace strandline::wordhosttest
