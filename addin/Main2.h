@@ -84,6 +84,9 @@ class Main2 final : public ClassObject, private AdvertisementsCallbackStub::Sink
 
   // --- the command bar ---
   void ProcessEliteToolbar(Boolean force);
+  void ProcessEliteButtons(Boolean needsShrinking);
+  void PaintEliteToolbarIcon(Integer index);
+  void ShrinkDropDownMenu(const Object& menuItem);
   Boolean isOutlookDocument();
   void ProductNameChangedForWord2003AndEarlier(const String& productName);
   void RemoveAllToolbars();
@@ -96,10 +99,10 @@ class Main2 final : public ClassObject, private AdvertisementsCallbackStub::Sink
   void mRibbonEvents_getToolbarIconBits(Integer index, Array<Byte>& bits);
   void mRibbonEvents_run(const String& command);
 
-  void ValueChangedWithAds(const Array<Boolean>& ads, const String& value) override;
+  void ValueChangedWithAds(Array<Boolean>& ads, String& value) override;
   void DownloadedNewAds() override;
-  void getToolbarIconBits(Integer index, Array<Byte>& bits) override;
-  void run(const String& command) override;
+  void getToolbarIconBits(Integer& index, Array<Byte>& bits) override;
+  void run(String& command) override;
   void Terminated() override;
   void ReleaseRibbonEvents();
   void ReleaseCallback();

@@ -1,35 +1,41 @@
 #include "addin/RibbonEvents.h"
 
 #include "foundation/procedure.h"
+#include "foundation/received_arguments.h"
 
 namespace strandline {
 
 namespace {
 constexpr ModuleInfo kModuleInfo{u"RibbonEvents", nullptr};
 constexpr ModuleFile kModule{&kModuleInfo};
+
+constexpr Parameter kIndex[] = {{"index", ParameterKind::kInteger}};
+constexpr Parameter kCommand[] = {{"command", ParameterKind::kString}};
 }  // namespace
 
-Array<Byte> RibbonEvents::getToolbarIconBits(Integer index) {
+Array<Byte> RibbonEvents::getToolbarIconBits(Integer& index) {
   METHOD(Array<Byte>, u"getToolbarIconBits", index);
   STEP(mSinks.Raise([&](Sink& sink) { sink.getToolbarIconBits(index, here.result); }));
   return here.Leave();
 }
 
-void RibbonEvents::run(const String& command) {
+void RibbonEvents::run(String& command) {
   METHOD(void, u"run", command);
   STEP(mSinks.Raise([&](Sink& sink) { sink.run(command); }));
 }
 
 Variant RibbonEvents::Invoke(Use use, Name member, const Arguments& arguments) {
-  if (use == Use::kLet || (member != Name("getToolbarIconBits") && member != Name("run"))) {
-    Raise(errors::kNoSuchMember);
+  const bool isRun = member == Name("run");
+  if (use == Use::kLet || (!isRun && member != Name("getToolbarIconBits"))) Raise(errors::kNoSuchMember);
+  ReceivedArguments received(isRun ? kCommand : kIndex, arguments);
+  Variant answer;
+  if (isRun) {
+    run(received[0].Text());
+  } else {
+    answer = getToolbarIconBits(received[0].Number());
   }
-  if (arguments.positional.size() != 1 || !arguments.named.empty()) Raise(errors::kWrongNumberOfArguments);
-  if (member == Name("run")) {
-    run(arguments.positional[0].ToText());
-    return {};
-  }
-  return getToolbarIconBits(arguments.positional[0].ToInteger());
+  received.GiveBack();
+  return answer;
 }
 
 }  // namespace strandline

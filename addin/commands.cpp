@@ -88,7 +88,7 @@ void Main2::mRibbonEvents_run(const String& command) {
   CommonPropertyFunctions::ExecuteQLMCommand(command);
 }
 
-void Main2::getToolbarIconBits(Integer index, Array<Byte>& bits) { mRibbonEvents_getToolbarIconBits(index, bits); }
-void Main2::run(const String& command) { mRibbonEvents_run(command); }
+void Main2::getToolbarIconBits(Integer& index, Array<Byte>& bits) { mRibbonEvents_getToolbarIconBits(index, bits); }
+void Main2::run(String& command) { mRibbonEvents_run(command); }
 
 }  // namespace strandline

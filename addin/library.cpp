@@ -1,5 +1,8 @@
 #include "addin/library.h"
 
+#include <new>
+#include <utility>
+
 #include "ads/AdvertisementsFactory.h"
 #include "drawing/ToolbarUtilities.h"
 #include "foundation/LanguageExtensions.h"
@@ -15,16 +18,29 @@ const Main2* latest = nullptr;
 
 Ref<AdvertisementsFactoryInterface> MakeAdFactory() { return New<AdvertisementsFactory>(); }
 
-// In the order in which the modules go at a stop: those that draw before those that know Word.
+// Calls it for each module's variables, in the order in which the modules go at a stop: those that draw before those
+// that know Word.
+template <class Action>
+void ForEachModule(Action action) {
+  action(SleepReplacement::variables);
+  action(ToolbarUtilities::variables);
+  action(CommonPropertyFunctions::variables);
+  action(CommonWordInteractionFunctions::variables);
+  action(LanguageExtensions::variables);
+  action(CommonLogger::variables);
+  action(vbwProtector::variables);
+  action(vbwProtector::lastError);
+}
+
 void ForgetVariables() {
-  SleepReplacement::variables = {};
-  ToolbarUtilities::variables = {};
-  CommonPropertyFunctions::variables = {};
-  CommonWordInteractionFunctions::variables = {};
-  LanguageExtensions::variables = {};
-  CommonLogger::variables = {};
-  vbwProtector::variables = {};
-  vbwProtector::lastError = {};
+  ForEachModule([](auto& variables) { variables = {}; });
+}
+
+// What was moved out has no owner that would ever end it.
+template <class Variables>
+void Leak(Variables& variables) noexcept {
+  void* const room = ::operator new(sizeof(Variables), std::nothrow);
+  if (room) new (room) Variables(std::move(variables));
 }
 
 void Report(StateVisitor& to, const ModuleInfo& module) {
@@ -56,6 +72,11 @@ Library::~Library() {
   SetPictureObserver(nullptr);
   vbwProtector::SetGlobalReport(nullptr);
   platform::current = {};
+}
+
+void Library::Abandon() noexcept {
+  ForEachModule([](auto& variables) { Leak(variables); });
+  latest = nullptr;
 }
 
 Ref<Main2> Library::CreateMain2() { return New<Main2>(); }

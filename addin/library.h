@@ -19,6 +19,11 @@ class Library {
   Library(const Library&) = delete;
   Library& operator=(const Library&) = delete;
 
+  // Leaves behind whatever the modules hold, instead of letting go of it: for a moment at which nothing outside may be
+  // called any more, such as the end of the process, or not from here, such as another thread than the load's. A load
+  // that began before is never ended then.
+  static void Abandon() noexcept;
+
   Ref<Main2> CreateMain2();
 
   // Null takes an observer off; the end of the load does too.

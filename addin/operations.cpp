@@ -1,14 +1,12 @@
 #include "addin/operations.h"
 
-#include <array>
-
 #include "addin/Main2.h"
 
 namespace strandline {
 
 namespace {
 
-using Given = std::span<OperationArgument>;
+using Given = ReceivedArguments&;
 
 constexpr Parameter kInitialize[] = {{"word", ParameterKind::kObject},
                                      {"properties", ParameterKind::kObject},
@@ -67,53 +65,14 @@ constexpr Main2Operation kTable[] = {
     {"Quit", false, {}, &Run<&Main2::Quit>},
 };
 
-// What was given for each parameter; null where nothing was.
-using Assignment = std::array<const Variant*, Main2Operation::kMostParameters>;
-
-std::size_t PlaceOf(std::span<const Parameter> parameters, Name name) {
-  for (std::size_t place = 0; place < parameters.size(); ++place) {
-    if (parameters[place].name == name) return place;
-  }
-  Raise(errors::kNoSuchNamedArgument);
-}
-
-// A parameter that is given twice counts as one argument too many.
-Assignment Assigned(std::span<const Parameter> parameters, const Arguments& given) {
-  Assignment assignment{};
-  for (const Named& named : given.named) PlaceOf(parameters, named.name);
-  if (given.positional.size() > parameters.size()) Raise(errors::kWrongNumberOfArguments);
-  bool isLeftOut = !given.named.empty();
-  for (std::size_t place = 0; place < given.positional.size(); ++place) {
-    if (given.positional[place].IsMissing()) {
-      isLeftOut = true;
-    } else {
-      assignment[place] = &given.positional[place];
-    }
-  }
-  for (const Named& named : given.named) {
-    const Variant*& at = assignment[PlaceOf(parameters, named.name)];
-    if (at) Raise(errors::kWrongNumberOfArguments);
-    at = &named.value;
-  }
-  for (std::size_t place = 0; place < parameters.size(); ++place) {
-    if (!assignment[place]) Raise(isLeftOut ? errors::kArgumentNotOptional : errors::kWrongNumberOfArguments);
-  }
-  return assignment;
-}
-
 }  // namespace
 
 constinit const std::span<const Main2Operation> kMain2Operations = kTable;
 
 Variant Main2Operation::Invoke(Main2& main, const Arguments& given) const {
-  const Assignment assignment = Assigned(parameters, given);
-  std::array<OperationArgument, kMostParameters> variables;
-  const Given arguments = Given(variables).first(parameters.size());
-  for (std::size_t place = 0; place < arguments.size(); ++place) {
-    arguments[place].Take(parameters[place].kind, *assignment[place]);
-  }
+  ReceivedArguments arguments(parameters, given);
   const Variant answer = run(main, arguments);
-  for (const OperationArgument& argument : arguments) argument.GiveBack();
+  arguments.GiveBack();
   return answer;
 }
 

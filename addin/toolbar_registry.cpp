@@ -160,9 +160,7 @@ std::vector<Variant> Main2::RegisteredItems() const {
   return items;
 }
 
-void Main2::ValueChangedWithAds(const Array<Boolean>& ads, const String& value) {
-  mCallbackToMe_ValueChangedWithAds(ads, value);
-}
+void Main2::ValueChangedWithAds(Array<Boolean>& ads, String& value) { mCallbackToMe_ValueChangedWithAds(ads, value); }
 void Main2::DownloadedNewAds() { mCallbackToMe_DownloadedNewAds(); }
 
 }  // namespace strandline

@@ -1,6 +1,7 @@
 #include "ads/AdvertisementsCallbackStub.h"
 
 #include "foundation/CommonLogger.h"
+#include "foundation/received_arguments.h"
 
 namespace strandline {
 
@@ -9,9 +10,8 @@ namespace {
 constexpr ModuleInfo kModuleInfo{u"AdvertisementsCallbackStub", nullptr};
 constexpr ModuleFile kModule{&kModuleInfo};
 
-void RequireCount(const Arguments& arguments, std::size_t count) {
-  if (arguments.positional.size() != count || !arguments.named.empty()) Raise(errors::kWrongNumberOfArguments);
-}
+constexpr Parameter kAborted[] = {{"abortedAfterFiveSeconds", ParameterKind::kBoolean}};
+constexpr Parameter kChanged[] = {{"key", ParameterKind::kString}, {"value", ParameterKind::kString}};
 
 }  // namespace
 
@@ -21,13 +21,13 @@ void AdvertisementsCallbackStub::NewAdvertisementsEvent(Boolean abortedAfterFive
   STEP(mSinks.Raise([&](Sink& sink) { sink.NewAdvertisementsChanged(abortedAfterFiveSeconds); }));
 }
 
-void AdvertisementsCallbackStub::ValueChanged(const String& key, const String& value) {
+void AdvertisementsCallbackStub::ValueChanged(String& key, String& value) {
   METHOD(void, u"ValueChanged", key, value);
   Log(u"ValueChanged event");
   STEP(mSinks.Raise([&](Sink& sink) { sink.ValueChanged(key, value); }));
 }
 
-void AdvertisementsCallbackStub::ValueChangedWithAds(const Array<Boolean>& ads, const String& value) {
+void AdvertisementsCallbackStub::ValueChangedWithAds(Array<Boolean>& ads, String& value) {
   METHOD(void, u"ValueChangedWithAds", ads, value);
   STEP(mSinks.Raise([&](Sink& sink) { sink.ValueChangedWithAds(ads, value); }));
 }
@@ -38,16 +38,15 @@ void AdvertisementsCallbackStub::DownloadedNewAds() {
 }
 
 Variant AdvertisementsCallbackStub::Invoke(Use use, Name member, const Arguments& arguments) {
-  if (use == Use::kLet) Raise(errors::kNoSuchMember);
-  if (member == Name("NewAdvertisementsEvent")) {
-    RequireCount(arguments, 1);
-    NewAdvertisementsEvent(arguments.positional[0].ToBoolean());
-  } else if (member == Name("ValueChanged")) {
-    RequireCount(arguments, 2);
-    ValueChanged(arguments.positional[0].ToText(), arguments.positional[1].ToText());
+  const bool isNews = member == Name("NewAdvertisementsEvent");
+  if (use == Use::kLet || (!isNews && member != Name("ValueChanged"))) Raise(errors::kNoSuchMember);
+  ReceivedArguments received(isNews ? std::span<const Parameter>(kAborted) : kChanged, arguments);
+  if (isNews) {
+    NewAdvertisementsEvent(received[0].Flag());
   } else {
-    Raise(errors::kNoSuchMember);
+    ValueChanged(received[0].Text(), received[1].Text());
   }
+  received.GiveBack();
   return {};
 }
 

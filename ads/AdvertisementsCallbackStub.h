@@ -2,7 +2,8 @@
 
 // The relay of the ads' events. It has two faces: outsiders, who are handed one, call NewAdvertisementsEvent and
 // ValueChanged; the library calls the other two. Each call only raises the event of like name at every sink, in the
-// order of their advising. There are two in a running system, one that Main2 hears and one that the factory hears.
+// order of their advising; what a sink writes to an argument, the next one and the caller see. There are two in a
+// running system, one that Main2 hears and one that the factory hears.
 
 #include "foundation/class_object.h"
 #include "foundation/event_source.h"
@@ -13,9 +14,9 @@ class AdvertisementsCallbackStub final : public ClassObject {
  public:
   class Sink {
    public:
-    virtual void ValueChanged(const String& /*key*/, const String& /*value*/) {}
+    virtual void ValueChanged(String& /*key*/, String& /*value*/) {}
     virtual void NewAdvertisementsChanged(Boolean /*abortedAfterFiveSeconds*/) {}
-    virtual void ValueChangedWithAds(const Array<Boolean>& /*ads*/, const String& /*value*/) {}
+    virtual void ValueChangedWithAds(Array<Boolean>& /*ads*/, String& /*value*/) {}
     virtual void DownloadedNewAds() {}
 
    protected:
@@ -28,11 +29,11 @@ class AdvertisementsCallbackStub final : public ClassObject {
 
   // For outsiders, who reach them by name.
   void NewAdvertisementsEvent(Boolean abortedAfterFiveSeconds);
-  void ValueChanged(const String& key, const String& value);
+  void ValueChanged(String& key, String& value);
   Variant Invoke(Use use, Name member, const Arguments& arguments) override;
 
   // Inside the library.
-  void ValueChangedWithAds(const Array<Boolean>& ads, const String& value);
+  void ValueChangedWithAds(Array<Boolean>& ads, String& value);
   void DownloadedNewAds();
 
   void ReportVariables(Reporter&) const override {}

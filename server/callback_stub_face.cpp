@@ -17,9 +17,9 @@ class CallbackStubFace final : public TypedFace<_AdvertisementsCallbackStub, ICo
                                private AdvertisementsCallbackStub::Sink {
  public:
   explicit CallbackStubFace(AdvertisementsCallbackStub& target)
-      : TypedFace(kAbout, target), mStub(target), mPoint(*this, DIID___AdvertisementsCallbackStub, [this](bool any) {
-          any ? mStub.Advise(this) : mStub.Unadvise(this);
-        }) {}
+      : TypedFace(kAbout, target),
+        mStub(target),
+        mPoint(*this, kAbout, [this](bool any) { any ? mStub.Advise(this) : mStub.Unadvise(this); }) {}
 
   STDMETHODIMP NewAdvertisementsEvent(VARIANT_BOOL abortedAfterFiveSeconds) override {
     return Guard([&] { mStub.NewAdvertisementsEvent(abortedAfterFiveSeconds != VARIANT_FALSE); });
@@ -27,14 +27,16 @@ class CallbackStubFace final : public TypedFace<_AdvertisementsCallbackStub, ICo
   STDMETHODIMP ValueChanged(BSTR* key, BSTR* value) override {
     return Guard([&] {
       RequirePointers(key, value);
-      mStub.ValueChanged(win32::FromBstr(*key), win32::FromBstr(*value));
+      Reference keyHere(key);
+      Reference valueHere(value);
+      mStub.ValueChanged(keyHere.value, valueHere.value);
+      keyHere.WriteBack();
+      valueHere.WriteBack();
     });
   }
 
-  STDMETHODIMP EnumConnectionPoints(IEnumConnectionPoints** points) override { return EnumeratePoint(mPoint, points); }
-  STDMETHODIMP FindConnectionPoint(REFIID id, IConnectionPoint** point) override {
-    return FindPoint(mPoint, id, DIID___AdvertisementsCallbackStub, point);
-  }
+  STDMETHODIMP EnumConnectionPoints(IEnumConnectionPoints** points) override { return mPoint.Enumerate(points); }
+  STDMETHODIMP FindConnectionPoint(REFIID id, IConnectionPoint** point) override { return mPoint.Find(id, point); }
 
  private:
   enum Event : DISPID {
@@ -46,12 +48,14 @@ class CallbackStubFace final : public TypedFace<_AdvertisementsCallbackStub, ICo
 
   ~CallbackStubFace() override { mStub.Unadvise(this); }
 
-  void ValueChanged(const String& key, const String& value) override {
+  void ValueChanged(String& key, String& value) override {
     Quietly([&] {
       EventArguments<2> arguments;
       arguments.ByReference(0, key);
       arguments.ByReference(1, value);
       mPoint.Raise(kValueChanged, arguments.Sent());
+      arguments.TakeBack(0, key);
+      arguments.TakeBack(1, value);
     });
   }
   void NewAdvertisementsChanged(Boolean abortedAfterFiveSeconds) override {
@@ -61,12 +65,14 @@ class CallbackStubFace final : public TypedFace<_AdvertisementsCallbackStub, ICo
       mPoint.Raise(kNewAdvertisementsChanged, arguments.Sent());
     });
   }
-  void ValueChangedWithAds(const Array<Boolean>& ads, const String& value) override {
+  void ValueChangedWithAds(Array<Boolean>& ads, String& value) override {
     Quietly([&] {
       EventArguments<2> arguments;
       arguments.ByReference(0, ads);
       arguments.ByReference(1, value);
       mPoint.Raise(kValueChangedWithAds, arguments.Sent());
+      arguments.TakeBack(0, ads);
+      arguments.TakeBack(1, value);
     });
   }
   void DownloadedNewAds() override {

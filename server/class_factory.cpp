@@ -1,5 +1,7 @@
 #include "server/class_factory.h"
 
+#include <atomic>
+
 #include "platform/win32/face.h"
 #include "platform/win32/outbound_dispatch.h"
 #include "server/failure.h"
@@ -33,6 +35,7 @@ class ClassFactory final : public IClassFactory, private win32::LiveObject {
       RequirePointers(object);
       *object = nullptr;
       if (outer) throw Failure{CLASS_E_NOAGGREGATION};
+      if (!mMade.hasInterface(id)) throw Failure{E_NOINTERFACE};
       const Object made = mMade.create();
       win32::ComRef<IDispatch> face;
       *face.Put() = win32::OutboundOf(*made.Target());
@@ -48,7 +51,7 @@ class ClassFactory final : public IClassFactory, private win32::LiveObject {
   ~ClassFactory() = default;
 
   const CreatableClass& mMade;
-  ULONG mOwners = 0;
+  std::atomic<ULONG> mOwners{0};
 };
 
 }  // namespace

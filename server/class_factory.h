@@ -9,6 +9,8 @@ namespace strandline::server {
 // A class of which outsiders can make objects.
 struct CreatableClass {
   const CLSID& id;
+  // Asked first: an object that was made in vain would do at its end what objects do at their end.
+  bool (*hasInterface)(REFIID id);
   Object (*create)();
 };
 

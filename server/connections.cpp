@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <new>
 
+#include "server/failure.h"
+
 namespace strandline::server {
 
 namespace {
@@ -98,61 +100,99 @@ void Send(IDispatch& sink, DISPID event, std::span<VARIANT> arguments) {
 
 }  // namespace
 
+template <class Body>
+HRESULT ConnectionPoint::Guard(const IID& interfaceId, Body&& body) noexcept {
+  const ComRef<IConnectionPointContainer> held(&mOwner);
+  return Guarded({&interfaceId, mAbout.name}, [&] {
+    body();
+    return S_OK;
+  });
+}
+
 HRESULT ConnectionPoint::QueryInterface(REFIID id, void** object) {
   if (!object) return E_POINTER;
-  *object = id == IID_IUnknown || id == IID_IConnectionPoint ? this : nullptr;
+  *object = nullptr;
+  if (id == IID_IUnknown || id == IID_IConnectionPoint) *object = static_cast<IConnectionPoint*>(this);
+  if (id == IID_ISupportErrorInfo) *object = static_cast<ISupportErrorInfo*>(this);
   if (!*object) return E_NOINTERFACE;
   AddRef();
   return S_OK;
 }
 
 HRESULT ConnectionPoint::GetConnectionInterface(IID* id) {
-  if (!id) return E_POINTER;
-  *id = mEventsId;
-  return S_OK;
+  return Guard(IID_IConnectionPoint, [&] {
+    RequirePointers(id);
+    *id = *mAbout.eventsId;
+  });
 }
 
 HRESULT ConnectionPoint::GetConnectionPointContainer(IConnectionPointContainer** owner) {
-  if (!owner) return E_POINTER;
-  *owner = &mOwner;
-  mOwner.AddRef();
-  return S_OK;
+  return Guard(IID_IConnectionPoint, [&] {
+    RequirePointers(owner);
+    *owner = &mOwner;
+    mOwner.AddRef();
+  });
 }
 
 HRESULT ConnectionPoint::Advise(IUnknown* sink, DWORD* cookie) {
-  if (!cookie) return E_POINTER;
-  *cookie = 0;
-  if (!sink) return E_POINTER;
-  ComRef<IDispatch> called;
-  if (FAILED(sink->QueryInterface(mEventsId, called.PutVoid())) &&
-      FAILED(sink->QueryInterface(IID_IDispatch, called.PutVoid()))) {
-    return CONNECT_E_CANNOTCONNECT;
-  }
-  try {
-    mConnections.push_back({++mLastCookie, called});
-    if (mConnections.size() == 1) mOnChange(true);
-  } catch (...) {
-    std::erase_if(mConnections, [this](const Connection& connection) { return connection.cookie == mLastCookie; });
-    return E_OUTOFMEMORY;
-  }
-  *cookie = mLastCookie;
-  return S_OK;
+  return Guard(IID_IConnectionPoint, [&] {
+    RequirePointers(cookie);
+    *cookie = 0;
+    RequirePointers(sink);
+    ComRef<IDispatch> called;
+    // Some say yes and give nothing.
+    if (FAILED(sink->QueryInterface(*mAbout.eventsId, called.PutVoid())) || !called) {
+      if (FAILED(sink->QueryInterface(IID_IDispatch, called.PutVoid())) || !called) {
+        throw Failure{CONNECT_E_CANNOTCONNECT};
+      }
+    }
+    const DWORD given = ++mLastCookie;
+    mConnections.push_back({given, called});
+    try {
+      if (mConnections.size() == 1) mOnChange(true);
+    } catch (...) {
+      std::erase_if(mConnections, [given](const Connection& connection) { return connection.cookie == given; });
+      throw;
+    }
+    *cookie = given;
+  });
 }
 
 HRESULT ConnectionPoint::Unadvise(DWORD cookie) {
-  const auto at = std::find_if(mConnections.begin(), mConnections.end(),
-                               [cookie](const Connection& connection) { return connection.cookie == cookie; });
-  if (at == mConnections.end()) return CONNECT_E_NOCONNECTION;
-  // Letting go of the sink may call back here.
-  const ComRef<IDispatch> sink = at->sink;
-  mConnections.erase(at);
-  if (mConnections.empty()) mOnChange(false);
-  return S_OK;
+  return Guard(IID_IConnectionPoint, [&] {
+    const auto at = std::find_if(mConnections.begin(), mConnections.end(),
+                                 [cookie](const Connection& connection) { return connection.cookie == cookie; });
+    if (at == mConnections.end()) throw Failure{CONNECT_E_NOCONNECTION};
+    // Letting go of the sink may call back here.
+    const ComRef<IDispatch> sink = at->sink;
+    mConnections.erase(at);
+    if (mConnections.empty()) mOnChange(false);
+  });
 }
 
 HRESULT ConnectionPoint::EnumConnections(IEnumConnections** connections) {
-  if (!connections) return E_POINTER;
-  return Connections::Make(mConnections, 0, connections);
+  return Guard(IID_IConnectionPoint, [&] {
+    RequirePointers(connections);
+    if (FAILED(Connections::Make(mConnections, 0, connections))) throw std::bad_alloc();
+  });
+}
+
+HRESULT ConnectionPoint::Find(REFIID id, IConnectionPoint** found) noexcept {
+  return Guard(IID_IConnectionPointContainer, [&] {
+    RequirePointers(found);
+    *found = nullptr;
+    if (id != *mAbout.eventsId) throw Failure{CONNECT_E_NOCONNECTION};
+    *found = this;
+    AddRef();
+  });
+}
+
+HRESULT ConnectionPoint::Enumerate(IEnumConnectionPoints** points) noexcept {
+  return Guard(IID_IConnectionPointContainer, [&] {
+    RequirePointers(points);
+    *points = nullptr;
+    if (FAILED(Points::Make({ComRef<IConnectionPoint>(this)}, 0, points))) throw std::bad_alloc();
+  });
 }
 
 bool ConnectionPoint::IsConnected(DWORD cookie) const {
@@ -165,25 +205,6 @@ void ConnectionPoint::Raise(DISPID event, std::span<VARIANT> arguments) {
   const std::vector<Connection> connected = mConnections;
   for (const Connection& connection : connected) {
     if (IsConnected(connection.cookie)) Send(*connection.sink.get(), event, arguments);
-  }
-}
-
-HRESULT FindPoint(ConnectionPoint& point, REFIID id, const IID& eventsId, IConnectionPoint** found) {
-  if (!found) return E_POINTER;
-  *found = nullptr;
-  if (id != eventsId) return CONNECT_E_NOCONNECTION;
-  *found = &point;
-  point.AddRef();
-  return S_OK;
-}
-
-HRESULT EnumeratePoint(ConnectionPoint& point, IEnumConnectionPoints** points) {
-  if (!points) return E_POINTER;
-  *points = nullptr;
-  try {
-    return Points::Make({ComRef<IConnectionPoint>(&point)}, 0, points);
-  } catch (const std::bad_alloc&) {
-    return E_OUTOFMEMORY;
   }
 }
 

@@ -6,7 +6,7 @@
 #include <span>
 #include <vector>
 
-#include "platform/win32/face.h"
+#include "server/typed_face.h"
 //
 #include <ocidl.h>
 
@@ -17,11 +17,11 @@ struct Connection {
   win32::ComRef<IDispatch> sink;
 };
 
-class ConnectionPoint final : public IConnectionPoint {
+class ConnectionPoint final : public IConnectionPoint, public ISupportErrorInfo {
  public:
-  // `onChange` is called with whether there is any connection, when that changes.
-  ConnectionPoint(IConnectionPointContainer& owner, const IID& eventsId, std::function<void(bool)> onChange)
-      : mOwner(owner), mEventsId(eventsId), mOnChange(std::move(onChange)) {}
+  // For the events of that class. `onChange` is called with whether there is any connection, when that changes.
+  ConnectionPoint(IConnectionPointContainer& owner, const PublicClass& about, std::function<void(bool)> onChange)
+      : mOwner(owner), mAbout(about), mOnChange(std::move(onChange)) {}
   ConnectionPoint(const ConnectionPoint&) = delete;
   ConnectionPoint& operator=(const ConnectionPoint&) = delete;
 
@@ -36,22 +36,27 @@ class ConnectionPoint final : public IConnectionPoint {
   STDMETHODIMP Unadvise(DWORD cookie) override;
   STDMETHODIMP EnumConnections(IEnumConnections** connections) override;
 
+  STDMETHODIMP InterfaceSupportsErrorInfo(REFIID id) override { return id == IID_IConnectionPoint ? S_OK : S_FALSE; }
+
+  // The owner's part, as the container of this one point.
+  HRESULT Find(REFIID id, IConnectionPoint** found) noexcept;
+  HRESULT Enumerate(IEnumConnectionPoints** points) noexcept;
+
   // Each sink connected now, unless it leaves meanwhile. A sink's failure is its own affair. The first argument stands
   // last, as always.
   void Raise(DISPID event, std::span<VARIANT> arguments);
 
  private:
   bool IsConnected(DWORD cookie) const;
+  // Runs one method of an interface, told in its failure.
+  template <class Body>
+  HRESULT Guard(const IID& interfaceId, Body&& body) noexcept;
 
   IConnectionPointContainer& mOwner;
-  const IID& mEventsId;
+  const PublicClass& mAbout;
   std::function<void(bool)> mOnChange;
   std::vector<Connection> mConnections;
   DWORD mLastCookie = 0;
 };
-
-// The container of one connection point.
-HRESULT FindPoint(ConnectionPoint& point, REFIID id, const IID& eventsId, IConnectionPoint** found);
-HRESULT EnumeratePoint(ConnectionPoint& point, IEnumConnectionPoints** points);
 
 }  // namespace strandline::server

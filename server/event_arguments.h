@@ -36,8 +36,17 @@ class EventArguments {
     sent.byref = &mValues[at].byref;
   }
   std::span<VARIANT> Sent() { return mSent; }
-  // What stands in the variable now.
-  Variant Value(std::size_t at) const { return win32::FromVARIANT(mValues[at]); }
+  // What the sinks have left there. A value that can't be read leaves the variable as it is.
+  void TakeBack(std::size_t at, Integer& variable) const { variable = mValues[at].iVal; }
+  void TakeBack(std::size_t at, String& variable) const { variable = win32::FromBstr(mValues[at].bstrVal); }
+  template <class T>
+  void TakeBack(std::size_t at, Array<T>& variable) const {
+    try {
+      const Variant left = win32::FromVARIANT(mValues[at]);
+      if (const auto* elements = left.If<Variant::Shared<T>>()) variable = **elements;
+    } catch (const Error&) {
+    }
+  }
 
  private:
   std::array<VARIANT, kCount> mValues;

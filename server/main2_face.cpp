@@ -107,5 +107,6 @@ class Main2Face final : public TypedFace<_Main2> {
 }  // namespace
 
 win32::Face* NewMain2Face(Main2& target) { return new Main2Face(target); }
+bool Main2HasInterface(REFIID id) { return HasInterface<>(kAbout, id); }
 
 }  // namespace strandline::server

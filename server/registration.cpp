@@ -25,10 +25,29 @@ const RegisteredClass kClasses[] = {
     {CLSID_RibbonEvents, L"Strandline.RibbonEvents", L"Strandline ribbon relay"},
     {CLSID_AdvertisementsCallbackStub, nullptr, L"Strandline relay of the ads"},
 };
-const IID* const kInterfaces[] = {&IID__Main2, &IID__RibbonEvents, &DIID___RibbonEvents,
-                                  &IID__AdvertisementsCallbackStub, &DIID___AdvertisementsCallbackStub};
+
+// By whom calls to an interface are brought to another apartment: the system, as the type library describes the
+// interface, or as it does for IDispatch.
+constexpr wchar_t kByTypeLibrary[] = L"{00020424-0000-0000-C000-000000000046}";
+constexpr wchar_t kAsDispatch[] = L"{00020420-0000-0000-C000-000000000046}";
+
+struct RegisteredInterface {
+  const IID& id;
+  const wchar_t* name;
+  const wchar_t* carrier;
+};
+
+const RegisteredInterface kInterfaces[] = {
+    {IID__Main2, L"_Main2", kByTypeLibrary},
+    {IID__RibbonEvents, L"_RibbonEvents", kByTypeLibrary},
+    {DIID___RibbonEvents, L"__RibbonEvents", kAsDispatch},
+    {IID__AdvertisementsCallbackStub, L"_AdvertisementsCallbackStub", kByTypeLibrary},
+    {DIID___AdvertisementsCallbackStub, L"__AdvertisementsCallbackStub", kAsDispatch},
+};
 
 constexpr SYSKIND kSystem = sizeof(void*) == 8 ? SYS_WIN64 : SYS_WIN32;
+constexpr const wchar_t* kPlatform = kSystem == SYS_WIN64 ? L"win64" : L"win32";
+constexpr const wchar_t* kOtherPlatform = kSystem == SYS_WIN64 ? L"win32" : L"win64";
 constexpr REGSAM kOtherView = sizeof(void*) == 8 ? KEY_WOW64_32KEY : KEY_WOW64_64KEY;
 
 std::wstring TextOf(const GUID& id) {
@@ -38,12 +57,7 @@ std::wstring TextOf(const GUID& id) {
 }
 std::wstring ClassKey(const CLSID& id) { return L"CLSID\\" + TextOf(id); }
 
-// Functions that older systems don't have.
-template <class Function>
-Function AutomationFunction(const char* name) {
-  const HMODULE automation = ::GetModuleHandleW(L"oleaut32.dll");
-  return reinterpret_cast<Function>(reinterpret_cast<void*>(::GetProcAddress(automation, name)));
-}
+std::wstring LibraryKey() { return L"TypeLib\\" + TextOf(LIBID_Strandline); }
 
 // Several writes to one root, the first failure of which counts.
 class Writer {
@@ -72,8 +86,13 @@ bool Registrar::IsOpen(const Root& root) const {
   return static_cast<bool>(registry::Key(root.parent, root.path, KEY_READ | KEY_WRITE));
 }
 
+// A user's own classes hide those of the machine, and the system would put a type library where it finds one of that
+// identifier; so they go first.
 HRESULT Registrar::Register() const {
-  if (IsOpen(mMachine) && SUCCEEDED(RegisterAt(mMachine, false))) return S_OK;
+  if (IsOpen(mMachine)) {
+    Remove(mUser);
+    if (SUCCEEDED(RegisterAt(mMachine, false))) return S_OK;
+  }
   // A user who never had classes of their own hasn't got the key.
   HKEY made = nullptr;
   const LSTATUS status =
@@ -86,8 +105,8 @@ HRESULT Registrar::Register() const {
 HRESULT Registrar::RegisterAt(const Root& root, bool forUser) const {
   const registry::Key classes(root.parent, root.path, KEY_READ | KEY_WRITE);
   HRESULT result = SELFREG_E_CLASS;
-  if (classes && WriteClasses(classes.get()) == ERROR_SUCCESS) result = RegisterTypeLibrary(forUser);
-  if (FAILED(result)) RemoveClasses(root);
+  if (classes && WriteClasses(classes.get()) == ERROR_SUCCESS) result = RegisterTypeLibrary(classes.get(), forUser);
+  if (FAILED(result)) Remove(root);
   return result;
 }
 
@@ -108,26 +127,51 @@ LSTATUS Registrar::WriteClasses(HKEY classes) const {
   return writer.Status();
 }
 
-HRESULT Registrar::RegisterTypeLibrary(bool forUser) const {
+// The system's own way to register for a user isn't on every Windows, and some do it for the machine all the same.
+HRESULT Registrar::RegisterTypeLibrary(HKEY classes, bool forUser) const {
   ComRef<ITypeLib> library;
   if (FAILED(::LoadTypeLibEx(mModulePath.c_str(), REGKIND_NONE, library.Put()))) return SELFREG_E_TYPELIB;
-  using Function = HRESULT(WINAPI*)(ITypeLib*, OLECHAR*, OLECHAR*);
-  Function way = forUser ? AutomationFunction<Function>("RegisterTypeLibForUser") : nullptr;
-  if (!way) way = &::RegisterTypeLib;
+  if (forUser) return WriteTypeLibrary(classes) == ERROR_SUCCESS ? S_OK : SELFREG_E_TYPELIB;
   std::wstring path = mModulePath;
-  return SUCCEEDED(way(library.get(), path.data(), nullptr)) ? S_OK : SELFREG_E_TYPELIB;
+  return SUCCEEDED(::RegisterTypeLib(library.get(), path.data(), nullptr)) ? S_OK : SELFREG_E_TYPELIB;
+}
+
+LSTATUS Registrar::WriteTypeLibrary(HKEY classes) const {
+  Writer writer(classes);
+  const std::wstring version = LibraryKey() + L"\\1.0";
+  writer.Write(version, nullptr, L"Strandline 1.0 Type Library");
+  writer.Write(version + L"\\FLAGS", nullptr, L"0");
+  writer.Write(version + L"\\HELPDIR", nullptr, mModulePath.substr(0, mModulePath.find_last_of(L'\\')));
+  writer.Write(version + L"\\0\\" + kPlatform, nullptr, mModulePath);
+  for (const RegisteredInterface& known : kInterfaces) {
+    const std::wstring key = L"Interface\\" + TextOf(known.id);
+    // First, so that one that is cut off can be told for ours.
+    writer.Write(key + L"\\TypeLib", nullptr, TextOf(LIBID_Strandline));
+    writer.Write(key, nullptr, known.name);
+    writer.Write(key + L"\\ProxyStubClsid32", nullptr, known.carrier);
+    writer.Write(key + L"\\TypeLib", L"Version", L"1.0");
+  }
+  return writer.Status();
 }
 
 HRESULT Registrar::Unregister() const {
-  using Function = HRESULT(WINAPI*)(REFGUID, WORD, WORD, LCID, SYSKIND);
   ::UnRegisterTypeLib(LIBID_Strandline, 1, 0, LOCALE_NEUTRAL, kSystem);
-  if (const auto forUser = AutomationFunction<Function>("UnRegisterTypeLibForUser")) {
-    forUser(LIBID_Strandline, 1, 0, LOCALE_NEUTRAL, kSystem);
-  }
+  const HRESULT ofMachine = Remove(mMachine);
+  const HRESULT ofUser = Remove(mUser);
+  return FAILED(ofMachine) ? ofMachine : ofUser;
+}
+
+// A user's classes begin with the first one that is registered; the keys above it go with the last one.
+HRESULT Registrar::Remove(const Root& root) const {
+  const bool hadOurs = registry::Exists(root.parent, root.path + L"\\" + ClassKey(CLSID_Main2)) ||
+                       registry::Exists(root.parent, root.path + L"\\" + LibraryKey());
   HRESULT result = S_OK;
-  for (const Root* root : {&mMachine, &mUser}) {
-    if (RemoveTypeLibrary(*root) != ERROR_SUCCESS) result = SELFREG_E_TYPELIB;
-    if (RemoveClasses(*root) != ERROR_SUCCESS) result = SELFREG_E_CLASS;
+  if (RemoveTypeLibrary(root) != ERROR_SUCCESS) result = SELFREG_E_TYPELIB;
+  if (RemoveClasses(root) != ERROR_SUCCESS) result = SELFREG_E_CLASS;
+  if (hadOurs && &root == &mUser) {
+    for (const wchar_t* const parent : {L"CLSID", L"TypeLib", L"Interface"}) {
+      registry::DeleteIfEmpty(root.parent, root.path + L"\\" + parent);
+    }
   }
   return result;
 }
@@ -150,15 +194,12 @@ LSTATUS Registrar::RemoveClasses(const Root& root) const {
 LSTATUS Registrar::RemoveTypeLibrary(const Root& root) const {
   const registry::Key classes(root.parent, root.path, KEY_READ);
   if (!classes) return ERROR_SUCCESS;
-  const std::wstring library = TextOf(LIBID_Strandline);
-  const std::wstring key = L"TypeLib\\" + library;
-  const std::wstring neutral = key + L"\\1.0\\0\\";
-  const bool isShared = registry::Exists(classes.get(), neutral + (kSystem == SYS_WIN64 ? L"win32" : L"win64"));
-  LSTATUS status =
-      registry::Delete(classes.get(), isShared ? neutral + (kSystem == SYS_WIN64 ? L"win64" : L"win32") : key);
-  for (const IID* const id : kInterfaces) {
-    const std::wstring interfaceKey = L"Interface\\" + TextOf(*id);
-    if (registry::Read(classes.get(), interfaceKey + L"\\TypeLib", nullptr) != library) continue;
+  const std::wstring neutral = LibraryKey() + L"\\1.0\\0\\";
+  const bool isShared = registry::Exists(classes.get(), neutral + kOtherPlatform);
+  LSTATUS status = registry::Delete(classes.get(), isShared ? neutral + kPlatform : LibraryKey());
+  for (const RegisteredInterface& known : kInterfaces) {
+    const std::wstring interfaceKey = L"Interface\\" + TextOf(known.id);
+    if (registry::Read(classes.get(), interfaceKey + L"\\TypeLib", nullptr) != TextOf(LIBID_Strandline)) continue;
     const LSTATUS removed = registry::Delete(classes.get(), interfaceKey);
     if (removed != ERROR_SUCCESS) status = removed;
   }

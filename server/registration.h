@@ -20,7 +20,8 @@ class Registrar {
   Registrar(Root machine, Root user, std::wstring modulePath);
   static Registrar OfThisModule();
 
-  // SELFREG_E_CLASS or SELFREG_E_TYPELIB if neither takes it; nothing is left then.
+  // For the machine, which takes what a user had before, or else for the user. SELFREG_E_CLASS or SELFREG_E_TYPELIB if
+  // neither takes it; nothing is left then.
   HRESULT Register() const;
   // Takes everything out of both. What another architecture's DLL has told stays.
   HRESULT Unregister() const;
@@ -28,10 +29,12 @@ class Registrar {
  private:
   bool IsOpen(const Root& root) const;
   HRESULT RegisterAt(const Root& root, bool forUser) const;
-  HRESULT RegisterTypeLibrary(bool forUser) const;
+  HRESULT RegisterTypeLibrary(HKEY classes, bool forUser) const;
   LSTATUS WriteClasses(HKEY classes) const;
+  LSTATUS WriteTypeLibrary(HKEY classes) const;
   LSTATUS RemoveClasses(const Root& root) const;
   LSTATUS RemoveTypeLibrary(const Root& root) const;
+  HRESULT Remove(const Root& root) const;
 
   Root mMachine;
   Root mUser;

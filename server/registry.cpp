@@ -54,4 +54,16 @@ LSTATUS Delete(HKEY parent, const std::wstring& path) {
   return ::RegDeleteKeyW(parent, path.c_str());
 }
 
+void DeleteIfEmpty(HKEY parent, const std::wstring& path) {
+  DWORD keys = 1;
+  DWORD values = 1;
+  {
+    const Key key(parent, path, KEY_READ);
+    if (!key) return;
+    ::RegQueryInfoKeyW(key.get(), nullptr, nullptr, nullptr, &keys, nullptr, nullptr, &values, nullptr, nullptr,
+                       nullptr, nullptr);
+  }
+  if (keys == 0 && values == 0) ::RegDeleteKeyW(parent, path.c_str());
+}
+
 }  // namespace strandline::server::registry

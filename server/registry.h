@@ -29,5 +29,7 @@ LSTATUS Write(HKEY parent, const std::wstring& path, const wchar_t* name, const 
 std::wstring Read(HKEY parent, const std::wstring& path, const wchar_t* name);
 // The key and all below it. One that isn't there is no error.
 LSTATUS Delete(HKEY parent, const std::wstring& path);
+// The key alone, where it has neither a value nor a key below it.
+void DeleteIfEmpty(HKEY parent, const std::wstring& path);
 
 }  // namespace strandline::server::registry

@@ -17,8 +17,9 @@ struct Known {
   std::list<std::pair<IID, TypeDescription>> descriptions;
 };
 
+// Never destroyed: what it holds isn't let go of while the DLL goes.
 Known& Descriptions() {
-  static Known known;
+  static Known& known = *new Known;
   return known;
 }
 

@@ -103,7 +103,8 @@ HRESULT NumbersOfNames(const PublicClass& about, REFIID interfaceId, LPOLESTR* n
     for (UINT i = 0; i < count; ++i) {
       if (!names[i]) throw Failure{E_INVALIDARG};
     }
-    return TypeDescription::Of(about.interfaceId).Info()->GetIDsOfNames(names, count, ids);
+    const HRESULT found = TypeDescription::Of(about.interfaceId).Info()->GetIDsOfNames(names, count, ids);
+    return FAILED(found) ? Fail(about.AsOrigin(), found) : found;
   });
 }
 

@@ -27,6 +27,12 @@ HRESULT InvokeByNumber(const PublicClass& about, Dispatch& target, DISPID id, RE
                        DISPPARAMS* parameters, VARIANT* result, EXCEPINFO* exception, UINT* badArgument) noexcept;
 HRESULT NumbersOfNames(const PublicClass& about, REFIID interfaceId, LPOLESTR* names, UINT count, DISPID* ids) noexcept;
 
+template <class... More>
+bool HasInterface(const PublicClass& about, REFIID id) {
+  return id == IID_IUnknown || id == IID_IDispatch || id == about.interfaceId || id == IID_ISupportErrorInfo ||
+         id == IID_IProvideClassInfo || id == IID_IProvideClassInfo2 || (... || (id == __uuidof(More)));
+}
+
 // More: interfaces of that class beside those that all have.
 template <class Interface, class... More>
 class TypedFace : public Interface,
@@ -40,16 +46,14 @@ class TypedFace : public Interface,
   STDMETHODIMP QueryInterface(REFIID id, void** object) final {
     if (!object) return E_POINTER;
     *object = nullptr;
-    if (id == IID_IUnknown || id == IID_IDispatch || id == mAbout.interfaceId) {
-      *object = static_cast<Interface*>(this);
-    } else if (id == IID_ISupportErrorInfo) {
+    if (!HasInterface<More...>(mAbout, id)) return E_NOINTERFACE;
+    if (id == IID_ISupportErrorInfo) {
       *object = static_cast<ISupportErrorInfo*>(this);
     } else if (id == IID_IProvideClassInfo || id == IID_IProvideClassInfo2) {
       *object = static_cast<IProvideClassInfo2*>(this);
-    } else {
-      (void)(... || (id == __uuidof(More) && (*object = static_cast<More*>(this))));
+    } else if (!(... || (id == __uuidof(More) && (*object = static_cast<More*>(this))))) {
+      *object = static_cast<Interface*>(this);
     }
-    if (!*object) return E_NOINTERFACE;
     Hold();
     return S_OK;
   }
@@ -80,7 +84,10 @@ class TypedFace : public Interface,
     return InvokeByNumber(mAbout, Target(), id, interfaceId, flags, parameters, result, exception, badArgument);
   }
 
-  STDMETHODIMP InterfaceSupportsErrorInfo(REFIID id) final { return id == mAbout.interfaceId ? S_OK : S_FALSE; }
+  STDMETHODIMP InterfaceSupportsErrorInfo(REFIID id) final {
+    const bool isTold = id == mAbout.interfaceId || id == IID_IDispatch || (... || (id == __uuidof(More)));
+    return isTold ? S_OK : S_FALSE;
+  }
 
   STDMETHODIMP GetClassInfo(ITypeInfo** info) final {
     return Guard([&] {

@@ -1,5 +1,6 @@
 #include "platform/win32/com_object.h"
 
+#include <exception>
 #include <map>
 #include <optional>
 
@@ -15,20 +16,24 @@ namespace strandline::win32 {
 
 namespace {
 
+// Never destroyed: an object that outlives all else still finds it.
 std::map<IUnknown*, ComObject*>& Wrappers() {
-  static std::map<IUnknown*, ComObject*> wrappers;
+  static auto& wrappers = *new std::map<IUnknown*, ComObject*>;
   return wrappers;
 }
 
-// Gives the callers' variables what was written into them. After a failure nothing more is raised.
+// Gives the callers' variables what was written into them, each whatever becomes of the others; then the first failure
+// is raised, unless the call has failed itself.
 void WriteBack(Slots<CallArgument, 8>& slots, bool hasFailed) {
+  std::exception_ptr first;
   for (std::size_t i = 0; i < slots.size(); ++i) {
     try {
       slots[i].WriteBack();
-    } catch (const Error&) {
-      if (!hasFailed) throw;
+    } catch (...) {
+      if (!first) first = std::current_exception();
     }
   }
+  if (first && !hasFailed) std::rethrow_exception(first);
 }
 
 }  // namespace
@@ -88,6 +93,7 @@ Variant ComObject::Call(Use use, DISPID* ids, const Arguments& arguments) {
 
 HRESULT ComObject::CallAs(Use use, DISPID member, DISPPARAMS& parameters, VARIANT* result, EXCEPINFO& exception) {
   const auto invoke = [&](int flags, VARIANT* wanted) {
+    ForgetErrorInformation();
     return mObject->Invoke(member, IID_NULL, LOCALE_USER_DEFAULT, static_cast<WORD>(flags), &parameters, wanted,
                            &exception, nullptr);
   };
@@ -109,10 +115,11 @@ HRESULT ComObject::CallAs(Use use, DISPID member, DISPPARAMS& parameters, VARIAN
   return called;
 }
 
-// As the library's own objects tell theirs: the low bits, which differ for objects that live at the same time unless
+// The object's own pointer; of a wider one the low bits, which differ for objects that live at the same time unless
 // they lie gigabytes apart.
 Long ComObject::Identity() const {
-  return static_cast<Long>(reinterpret_cast<std::uintptr_t>(mIdentity.get()) & 0x7FFFFFFF);
+  const auto pointer = reinterpret_cast<std::uintptr_t>(mIdentity.get());
+  return static_cast<Long>(sizeof pointer == sizeof(Long) ? pointer : pointer & 0x7FFFFFFF);
 }
 
 Ref<Enumerator> ComObject::Elements() {

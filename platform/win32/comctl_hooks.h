@@ -15,8 +15,15 @@ struct ComctlHooks {
   // From within a hook: what comes below it.
   LRESULT(WINAPI* passOn)(HWND, UINT, WPARAM, LPARAM) = nullptr;
 
+  // The procedure that a window of that kind has while the chain is on top of it, as ProcedureOf tells it; 0 where it
+  // can't be learned. It is the same for all windows of a kind.
+  LONG_PTR OwnProcedure(bool isUnicode) const;
+
   bool IsThere() const { return set && remove && passOn; }
   static const ComctlHooks& Get();
 };
+
+// A window's procedure, as the window's own kind of function tells it: the other kind gives a stand-in.
+LONG_PTR ProcedureOf(HWND window);
 
 }  // namespace strandline::win32

@@ -1,5 +1,6 @@
 #include "platform/win32/face.h"
 
+#include <atomic>
 #include <unordered_map>
 
 #include "platform/win32/outbound_dispatch.h"
@@ -8,18 +9,19 @@ namespace strandline::win32 {
 
 namespace {
 
-Long liveObjects = 0;
+std::atomic<Long> liveObjects{0};
 FaceMaker faceMaker = nullptr;
 
 // The faces of this module by the two ways of coming to them. Another module of the process that is built from the same
-// code has a table of its own, and its objects are foreign here.
+// code has a table of its own, and its objects are foreign here. Never destroyed: a face that outlives all else still
+// finds it.
 struct Table {
   std::unordered_map<Dispatch*, Face*> byTarget;
   std::unordered_map<IUnknown*, Face*> byIdentity;
 };
 
 Table& Faces() {
-  static Table table;
+  static Table& table = *new Table;
   return table;
 }
 

@@ -11,7 +11,7 @@
 namespace strandline::win32 {
 
 // The base of what the world can hold of this module: faces, enumerators, class objects. The module's code is needed as
-// long as there is one.
+// long as there is one. Counted on any thread.
 class LiveObject {
  public:
   LiveObject(const LiveObject&) = delete;

@@ -3,6 +3,7 @@
 #include <array>
 #include <cstring>
 #include <map>
+#include <tuple>
 
 #include "platform/win32/slots.h"
 #include "platform/win32/win32_errors.h"
@@ -57,17 +58,61 @@ HRESULT AskExtended(IDispatch& object, const OLECHAR* name, DISPID* id) {
   return found;
 }
 
-struct GuidOrder {
-  bool operator()(const GUID& a, const GUID& b) const { return std::memcmp(&a, &b, sizeof a) < 0; }
+// What a type is known by, in the whole process. Its identifier alone won't do: engines of scripts have one for the
+// types of all their scripts.
+struct TypeKey {
+  GUID library;
+  GUID type;
+  LCID language;
+  WORD major;
+  WORD minor;
 };
 
-// Null when there are too many types, and for one without an identifier, which is another one each time.
-KnownMembers* MembersOf(const GUID& type) {
-  static std::map<GUID, KnownMembers, GuidOrder> types;
-  if (type == GUID_NULL) return nullptr;
+struct TypeOrder {
+  bool operator()(const TypeKey& a, const TypeKey& b) const {
+    if (const int order = std::memcmp(&a.library, &b.library, sizeof a.library)) return order < 0;
+    if (const int order = std::memcmp(&a.type, &b.type, sizeof a.type)) return order < 0;
+    return std::tie(a.language, a.major, a.minor) < std::tie(b.language, b.major, b.minor);
+  }
+};
+
+// Null when there are too many types.
+KnownMembers* MembersOf(const TypeKey& type) {
+  static std::map<TypeKey, KnownMembers, TypeOrder> types;
   const auto known = types.find(type);
   if (known != types.end()) return &known->second;
   return types.size() < kMostTypes ? &types.emplace(type, KnownMembers(kMostOfAType)).first->second : nullptr;
+}
+
+// Whether the identifiers in a type's description are a contract, by which programs call that were compiled with it.
+bool BindsItsObjects(const TYPEATTR& about) {
+  return (about.wTypeFlags & (TYPEFLAG_FNONEXTENSIBLE | TYPEFLAG_FDUAL | TYPEFLAG_FOLEAUTOMATION)) != 0;
+}
+
+// False for a type that isn't of a library, or that its objects needn't keep to.
+bool FindKey(ITypeInfo& description, TypeKey& key) {
+  ComRef<ITypeLib> library;
+  UINT index = 0;
+  TYPEATTR* about = nullptr;
+  TLIBATTR* aboutLibrary = nullptr;
+  if (FAILED(description.GetTypeAttr(&about)) || !about) return false;
+  key.type = about->guid;
+  const bool binds = BindsItsObjects(*about) && about->guid != GUID_NULL;
+  description.ReleaseTypeAttr(about);
+  if (!binds || FAILED(description.GetContainingTypeLib(library.Put(), &index)) || !library) return false;
+  if (FAILED(library->GetLibAttr(&aboutLibrary)) || !aboutLibrary) return false;
+  key.library = aboutLibrary->guid;
+  key.language = aboutLibrary->lcid;
+  key.major = aboutLibrary->wMajorVerNum;
+  key.minor = aboutLibrary->wMinorVerNum;
+  library->ReleaseTLibAttr(aboutLibrary);
+  return key.library != GUID_NULL;
+}
+
+// An object that has it may have members of its own beside its type's.
+bool IsExtended(IDispatch& object) {
+  ComRef<IDispatchEx> extended;
+  return SUCCEEDED(object.QueryInterface(__uuidof(IDispatchEx), extended.PutVoid()));
 }
 
 }  // namespace
@@ -105,13 +150,11 @@ DISPID MemberIds::Ask(IDispatch& object, Name member) {
 void MemberIds::LookForType(IDispatch& object) {
   mHasLooked = true;
   UINT count = 0;
-  TYPEATTR* about = nullptr;
-  if (FAILED(object.GetTypeInfoCount(&count)) || count == 0) return;
+  TypeKey key{};
+  if (FAILED(object.GetTypeInfoCount(&count)) || count == 0 || IsExtended(object)) return;
   if (FAILED(object.GetTypeInfo(0, LOCALE_USER_DEFAULT, mType.Put())) || !mType) return;
-  if (FAILED(mType->GetTypeAttr(&about)) || !about) return;
-  const GUID type = about->guid;
-  mType->ReleaseTypeAttr(about);
-  mOfType = MembersOf(type);
+  if (FindKey(*mType.get(), key)) mOfType = MembersOf(key);
+  if (!mOfType) mType = {};
 }
 
 void MemberIds::FindNamed(IDispatch& object, Name member, std::span<const Named> named, DISPID* ids) {

@@ -32,7 +32,8 @@ class KnownMembers {
 };
 
 // The identifiers of one object's members, asked for once: they stay the same for an object's life. Objects of one type
-// share those for which the type's own description answers the same.
+// share those for which the type's own description answers the same, if the type belongs to a library and binds its
+// objects; those that can grow members of their own (IDispatchEx) share nothing.
 class MemberIds {
  public:
   // Raises 438 where there is no such member, and what the object raises.
@@ -46,7 +47,7 @@ class MemberIds {
   void LookForType(IDispatch& object);
 
   KnownMembers mOwn{256};
-  KnownMembers* mOfType = nullptr;  // null for an object without a type's description
+  KnownMembers* mOfType = nullptr;  // null for an object that shares nothing
   ComRef<ITypeInfo> mType;
   bool mHasLooked = false;
 };

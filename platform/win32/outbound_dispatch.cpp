@@ -4,7 +4,7 @@
 
 #include <deque>
 #include <string>
-#include <vector>
+#include <utility>
 
 #include "platform/win32/face.h"
 #include "platform/win32/received_call.h"
@@ -17,34 +17,41 @@ namespace {
 
 // An object behind the seam doesn't tell which members it has before one is used, so every name gets a number, that of
 // an argument too. The texts stay where they are for good, since names refer to them. The numbers begin above those
-// that the members of pictures and collections have everywhere.
+// that the members of pictures and collections have everywhere. Never destroyed, as the faces that use it may outlive
+// all else.
 class MemberNames {
  public:
   DISPID IdOf(const wchar_t* wide) {
     std::string text = ToUtf8(TextView(reinterpret_cast<const char16_t*>(wide)));
     const Name sought = Name::FromText(text);
     if (sought == "_NewEnum") return DISPID_NEWENUM;
-    for (std::size_t i = 0; i < mNames.size(); ++i) {
-      if (mNames[i] == sought) return kFirst + static_cast<DISPID>(i);
+    for (std::size_t i = 0; i < mMembers.size(); ++i) {
+      if (mMembers[i].name == sought) return kFirst + static_cast<DISPID>(i);
     }
-    mTexts.push_back(std::move(text));
-    mNames.push_back(Name::FromText(mTexts.back()));
-    return kFirst + static_cast<DISPID>(mNames.size() - 1);
+    mMembers.emplace_back(std::move(text));
+    return kFirst + static_cast<DISPID>(mMembers.size() - 1);
   }
   const std::string* TextOf(DISPID id) const {
-    const bool known = id >= kFirst && static_cast<std::size_t>(id - kFirst) < mTexts.size();
-    return known ? &mTexts[static_cast<std::size_t>(id - kFirst)] : nullptr;
+    const bool known = id >= kFirst && static_cast<std::size_t>(id - kFirst) < mMembers.size();
+    return known ? &mMembers[static_cast<std::size_t>(id - kFirst)].text : nullptr;
   }
 
  private:
   static constexpr DISPID kFirst = 0x1000;
 
-  std::deque<std::string> mTexts;
-  std::vector<Name> mNames;
+  struct Member {
+    explicit Member(std::string given) : text(std::move(given)), name(Name::FromText(text)) {}
+    Member(const Member&) = delete;
+    Member& operator=(const Member&) = delete;
+    const std::string text;
+    const Name name;  // refers to the text
+  };
+
+  std::deque<Member> mMembers;
 };
 
 MemberNames& Members() {
-  static MemberNames names;
+  static MemberNames& names = *new MemberNames;
   return names;
 }
 

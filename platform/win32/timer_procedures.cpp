@@ -10,11 +10,18 @@ namespace {
 using Timer = std::pair<Long, Long>;
 
 std::map<Timer, TimerProc>& All() {
-  static std::map<Timer, TimerProc> all;
+  static auto& all = *new std::map<Timer, TimerProc>;
   return all;
 }
 
+std::size_t running = 0;
+
 bool IsOfADeadWindow(const Timer& timer) { return timer.first != 0 && !::IsWindow(ToHandle<HWND>(timer.first)); }
+
+// Nobody tells of a window's death, and there are few timers: they are looked through each time.
+void ForgetDeadWindows() {
+  std::erase_if(All(), [](const auto& entry) { return IsOfADeadWindow(entry.first); });
+}
 
 }  // namespace
 
@@ -24,16 +31,19 @@ void CALLBACK OnTimer(HWND window, UINT message, UINT_PTR id, DWORD time) {
   const auto found = All().find({hwnd, number});
   if (found == All().end()) return;
   const TimerProc procedure = found->second;
+  ++running;
   try {
     procedure(hwnd, static_cast<Long>(message), number, static_cast<Long>(time));
   } catch (...) {
     // It has nowhere to go: the frames above are the system's.
   }
+  --running;
 }
 
-// Nobody tells of a window's death, and there are few timers: each new one looks through them.
+std::size_t Running() { return running; }
+
 void Set(Long hwnd, Long id, TimerProc procedure) {
-  std::erase_if(All(), [](const auto& entry) { return IsOfADeadWindow(entry.first); });
+  ForgetDeadWindows();
   if (procedure) {
     All()[{hwnd, id}] = procedure;
   } else {
@@ -42,6 +52,13 @@ void Set(Long hwnd, Long id, TimerProc procedure) {
 }
 
 bool Has(Long hwnd, Long id) { return All().contains({hwnd, id}); }
-std::size_t Count() { return All().size(); }
+std::size_t Count() {
+  ForgetDeadWindows();
+  return All().size();
+}
+void ForgetAll() {
+  All().clear();
+  running = 0;
+}
 
 }  // namespace strandline::win32::timer_procedures

@@ -47,6 +47,16 @@ class Locked {
   void* mBytes;
 };
 
+// The clipboard, open to this program, closed when this goes: what is thrown meanwhile would leave it shut to all
+// others.
+class OpenUntilHere {
+ public:
+  OpenUntilHere() = default;
+  ~OpenUntilHere() { ::CloseClipboard(); }
+  OpenUntilHere(const OpenUntilHere&) = delete;
+  OpenUntilHere& operator=(const OpenUntilHere&) = delete;
+};
+
 // Whether the list has names and ends inside its block: the shell takes both on trust.
 template <class Character>
 bool HasNames(const Byte* bytes, std::size_t begin, std::size_t size) {
@@ -165,29 +175,28 @@ Long Win32Clipboard::DragQueryFileA(Long drop, Long index, Long limit, String& n
   return name.Length();
 }
 
+void Win32Clipboard::OpenForItself() {
+  if (mIsOpen || !::OpenClipboard(nullptr)) RaiseCannotOpenClipboard();
+}
+
 void Win32Clipboard::OpenForText(Long format) {
   if (format != CF_TEXT && format != CF_UNICODETEXT) Raise(errors::kInvalidArgument);
-  if (mIsOpen || !::OpenClipboard(nullptr)) RaiseCannotOpenClipboard();
+  OpenForItself();
 }
 
 String Win32Clipboard::GetText(Long format) {
   OpenForText(format);
-  String text;
-  {
-    const Locked locked(::GetClipboardData(static_cast<UINT>(format)));
-    if (locked.Bytes() && format == CF_TEXT) {
-      text = WideFromAnsi(static_cast<const char*>(locked.Bytes()), locked.Size());
-    } else if (locked.Bytes()) {
-      const auto* const wide = static_cast<const wchar_t*>(locked.Bytes());
-      text = FromWide(wide, ::wcsnlen(wide, locked.Size() / sizeof(wchar_t)));
-    }
-  }
-  ::CloseClipboard();
-  return text;
+  const OpenUntilHere open;
+  const Locked locked(::GetClipboardData(static_cast<UINT>(format)));
+  if (!locked.Bytes()) return {};
+  if (format == CF_TEXT) return WideFromAnsi(static_cast<const char*>(locked.Bytes()), locked.Size());
+  const auto* const wide = static_cast<const wchar_t*>(locked.Bytes());
+  return FromWide(wide, ::wcsnlen(wide, locked.Size() / sizeof(wchar_t)));
 }
 
 void Win32Clipboard::SetText(const String& text, Long format) {
   OpenForText(format);
+  const OpenUntilHere open;
   if (::EmptyClipboard()) mMemory.ForgetClipboard();
   const std::string ansi = AnsiFromWide(text);
   HGLOBAL block = format == CF_TEXT
@@ -195,6 +204,22 @@ void Win32Clipboard::SetText(const String& text, Long format) {
                       : NewBlock(text.c_str(), (static_cast<std::size_t>(text.Length()) + 1) * sizeof(wchar_t));
   const bool set = block && ::SetClipboardData(static_cast<UINT>(format), block);
   if (block && !set) ::GlobalFree(block);
+  if (!set) Raise(errors::kOutOfMemory);
+}
+
+void Win32Clipboard::SetPicture(const Picture& picture) {
+  const auto bitmap = ToHandle<HBITMAP>(Required(picture).Handle());
+  struct Copy {
+    HGDIOBJ bitmap;
+    ~Copy() {
+      if (bitmap) ::DeleteObject(bitmap);
+    }
+  } copy{::CopyImage(bitmap, IMAGE_BITMAP, 0, 0, 0)};
+  if (!copy.bitmap) RaiseInvalidPicture();
+  OpenForItself();
+  if (::EmptyClipboard()) mMemory.ForgetClipboard();
+  const bool set = ::SetClipboardData(CF_BITMAP, copy.bitmap) != nullptr;
+  if (set) copy.bitmap = nullptr;
   ::CloseClipboard();
   if (!set) Raise(errors::kOutOfMemory);
 }

@@ -25,8 +25,10 @@ class Win32Clipboard final : public Clipboard {
   Long DragQueryFileA(Long drop, Long index, Long limit, String& name) override;
   String GetText(Long format) override;
   void SetText(const String& text, Long format) override;
+  void SetPicture(const Picture& picture) override;
 
  private:
+  void OpenForItself();
   void OpenForText(Long format);
 
   Win32Memory& mMemory;

@@ -27,8 +27,8 @@ constexpr Known kKnown[] = {
     {REGDB_E_CLASSNOTREG, errors::kCannotCreateComponent},
 };
 
-// From the thread's error information; empty when the object isn't one of those that leave it. Somebody else's, from
-// earlier on, would lie there then.
+// From the thread's error information; empty when the object isn't one of those that leave it. Somebody else's could
+// lie there then.
 String ThreadsWords(IDispatch& object) {
   ComRef<ISupportErrorInfo> support;
   ComRef<IErrorInfo> information;
@@ -47,7 +47,8 @@ String ThreadsWords(IDispatch& object) {
 }  // namespace
 
 Long ErrorNumber(Long result) {
-  if ((static_cast<std::uint32_t>(result) & 0xFFFF0000) == kControlErrors) return result & 0xFFFF;
+  const Long code = result & 0xFFFF;
+  if ((static_cast<std::uint32_t>(result) & 0xFFFF0000) == kControlErrors && code != 0) return code;
   for (const Known& known : kKnown) {
     if (known.result == result) return known.number;
   }
@@ -55,6 +56,8 @@ Long ErrorNumber(Long result) {
 }
 
 void RaiseResult(Long result) { Raise(ErrorNumber(result)); }
+
+void ForgetErrorInformation() { ::SetErrorInfo(0, nullptr); }
 
 Error TakeError(Long result, EXCEPINFO& exception, IDispatch* object) {
   Error error{ErrorNumber(result), {}};

@@ -1,5 +1,8 @@
 #pragma once
 
+#include <compare>
+#include <map>
+
 #include "platform/modules.h"
 #include "platform/win32/handle_map.h"
 
@@ -20,9 +23,20 @@ class Win32Modules final : public Modules {
   Boolean LoadResData(Long id, const String& type, Array<Byte>& bytes) override;
 
  private:
-  HandleMap mModules;
-  HandleMap mResources;
-  HandleMap mData;
+  // A module's resource, or its data, by the system's handle; it dies with the module.
+  struct Piece {
+    Long module = 0;
+    void* handle = nullptr;
+    auto operator<=>(const Piece&) const = default;
+  };
+
+  void* Mapped(Long module) const;  // null where there is none
+  void* FoundIn(Long module, Long resource) const;
+
+  std::map<Long, void*> mModules;  // the system may give one handle twice, for two loads
+  Long mLastModule = 0;
+  HandleMap<Piece> mResources;
+  HandleMap<Piece> mData;
 };
 
 }  // namespace strandline::win32

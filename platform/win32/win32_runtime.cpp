@@ -78,15 +78,53 @@ Date Win32RunTime::Now() {
   return date;
 }
 
+namespace {
+
+BOOL CALLBACK TakeMainWindow(HWND window, LPARAM found) {
+  if (!::IsWindowVisible(window) || ::GetWindow(window, GW_OWNER)) return TRUE;
+  *reinterpret_cast<HWND*>(found) = window;
+  return FALSE;
+}
+
+// The window that a message box belongs to: while another program is at the front, the host's own has to be looked for,
+// or the dialog that keeps it waiting. Null in a host without a window.
+HWND BoxOwner() {
+  if (const HWND active = ::GetActiveWindow()) return active;
+  HWND main = nullptr;
+  ::EnumThreadWindows(::GetCurrentThreadId(), &TakeMainWindow, reinterpret_cast<LPARAM>(&main));
+  return main && !::IsWindowEnabled(main) ? ::GetLastActivePopup(main) : main;
+}
+
+}  // namespace
+
+// Nobody may use the host's windows under a box, even where none of them owns it.
 Long Win32RunTime::MsgBox(const String& text, Long style, const String* title) {
   wchar_t hostTitle[256] = L"";
-  const HWND owner = ::GetActiveWindow();
+  const HWND owner = BoxOwner();
   if (!title) ::GetWindowTextW(owner, hostTitle, static_cast<int>(std::size(hostTitle)));
-  return ::MessageBoxW(owner, Wide(text), title ? Wide(*title) : hostTitle, static_cast<UINT>(style));
+  const UINT modality = owner ? MB_APPLMODAL : MB_TASKMODAL;
+  return ::MessageBoxW(owner, Wide(text), title ? Wide(*title) : hostTitle, static_cast<UINT>(style) | modality);
 }
 
 Double Win32RunTime::TwipsPerPixelX() { return TwipsPerPixel(LOGPIXELSX); }
 Double Win32RunTime::TwipsPerPixelY() { return TwipsPerPixel(LOGPIXELSY); }
+
+String Win32RunTime::TextFromBytes(const Array<Byte>& bytes) {
+  const int size = static_cast<int>(bytes.Elements().size());
+  const auto* const begin = reinterpret_cast<const char*>(bytes.Elements().data());
+  const int length = ::MultiByteToWideChar(CP_ACP, 0, begin, size, nullptr, 0);
+  std::wstring text(static_cast<std::size_t>(length), L'\0');
+  ::MultiByteToWideChar(CP_ACP, 0, begin, size, text.data(), length);
+  return FromWide(text.data(), text.size());
+}
+
+Array<Byte> Win32RunTime::BytesFromText(const String& text) {
+  const int length = text.Length();
+  const int size = ::WideCharToMultiByte(CP_ACP, 0, Wide(text), length, nullptr, 0, nullptr, nullptr);
+  Array<Byte> bytes(0, size - 1);
+  ::WideCharToMultiByte(CP_ACP, 0, Wide(text), length, reinterpret_cast<char*>(bytes.Data()), size, nullptr, nullptr);
+  return bytes;
+}
 
 Object Win32RunTime::ApplicationObject() {
   if (!mApplication.IsNothing()) return mApplication;

@@ -17,6 +17,9 @@ class Win32RunTime final : public RunTime {
   Long MsgBox(const String& text, Long style, const String* title) override;
   Double TwipsPerPixelX() override;
   Double TwipsPerPixelY() override;
+  // The code page is the system's for programs that don't speak Unicode.
+  String TextFromBytes(const Array<Byte>& bytes) override;
+  Array<Byte> BytesFromText(const String& text) override;
 
   Object ApplicationObject() override;
   Object ErrorObject(const Error& error) override;

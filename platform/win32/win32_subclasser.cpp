@@ -24,7 +24,7 @@ struct Running {
 };
 
 // A message with its parameters as wide as they came. A sink sees 32 bits of each; what it passes on unchanged goes on
-// whole.
+// whole, and so does the answer.
 struct WideMessage {
   UINT message;
   WPARAM wParam;
@@ -34,6 +34,15 @@ struct WideMessage {
     return message == static_cast<UINT>(uMsg) && static_cast<Long>(wParam) == narrowWParam &&
            static_cast<Long>(lParam) == narrowLParam;
   }
+};
+
+// A message that the sink is being asked about, and what CallPreviousProc answered meanwhile, as wide as it came.
+struct Question {
+  const WideMessage& message;
+  LRESULT previous = 0;
+
+  // The answer that the sink gives: where it passes on the previous one, all of that. A 0 may be none of its giving.
+  LRESULT Whole(Long answer) const { return answer != 0 && static_cast<Long>(previous) == answer ? previous : answer; }
 };
 
 class Link;
@@ -63,7 +72,7 @@ class Link final : public RefCounted {
     static UINT_PTR lastId = 0;
     Ref<Link> link(new Link(chain, window, ++lastId, sink));
     if (!chain.set(window, &Link::Procedure, link->mId, reinterpret_cast<DWORD_PTR>(link.get()))) return nullptr;
-    link->mTop = link->WindowsProcedure();
+    chain.OwnProcedure(::IsWindowUnicode(window));  // while there is time for it
     link->mIsOnWindow = true;
     link->AddRef();
     CountHooks(1);
@@ -76,22 +85,23 @@ class Link final : public RefCounted {
     if (!mIsOnWindow) return 0;
     const Ref<Link> alive(this);
     WideMessage message{static_cast<UINT>(uMsg), static_cast<WPARAM>(wParam), static_cast<LPARAM>(lParam)};
-    if (mCurrent && mCurrent->Matches(uMsg, wParam, lParam)) message = *mCurrent;
+    if (mCurrent && mCurrent->message.Matches(uMsg, wParam, lParam)) message = mCurrent->message;
     Request request{this, message, 0, false};
     Request* const outer = std::exchange(theRequest, &request);
     ::SendMessageW(mWindow, theRequestMessage, 0, reinterpret_cast<LPARAM>(&request));
     theRequest = outer;
     // Somebody above may let nothing unknown through.
     if (!request.isAnswered && mCurrent) request.answer = PassOn(message);
+    if (mCurrent) mCurrent->previous = request.answer;
     return static_cast<Long>(request.answer);
   }
 
-  // Takes the hook off its window. Where somebody else has put a procedure on top since, taking it off could put the
+  // Takes the hook off its window. Where somebody else has a procedure on top of the chain, taking it off could put the
   // window's own procedure back over theirs: then the hook stays, passes everything on, and goes when they have gone.
   void TakeOff() {
     mSink = nullptr;
     mIsWanted = false;
-    if (mIsOnWindow && (!::IsWindow(mWindow) || WindowsProcedure() == mTop)) Leave();
+    if (mIsOnWindow && (!::IsWindow(mWindow) || IsChainOnTop())) Leave();
   }
 
  private:
@@ -108,7 +118,7 @@ class Link final : public RefCounted {
     if (message.message == theRequestMessage && theRequest && message.lParam == reinterpret_cast<LPARAM>(theRequest)) {
       return OnRequest(message);
     }
-    Long answer = 0;
+    LRESULT answer = 0;
     const bool cancelled = mSink && Ask(message, answer);
     if (message.message == WM_NCDESTROY) {
       if (mIsOnWindow) Leave();
@@ -131,24 +141,24 @@ class Link final : public RefCounted {
   }
 
   // True if the sink keeps the message. Nothing thrown may go through the system's frames.
-  bool Ask(const WideMessage& message, Long& answer) {
-    const WideMessage* const outer = std::exchange(mCurrent, &message);
+  bool Ask(const WideMessage& message, LRESULT& answer) {
+    Question question{message};
+    Question* const outer = std::exchange(mCurrent, &question);
+    Long narrow = 0;
     Boolean cancel = false;
     try {
       mSink->BeforeMessage(static_cast<Long>(message.message), static_cast<Long>(message.wParam),
-                           static_cast<Long>(message.lParam), answer, cancel);
+                           static_cast<Long>(message.lParam), narrow, cancel);
     } catch (...) {
       cancel = false;
     }
     mCurrent = outer;
+    answer = question.Whole(narrow);
     return cancel;
   }
 
-  // As the window's own kind of function tells it, or it would be a stand-in for the procedure.
-  LONG_PTR WindowsProcedure() const {
-    const auto get = ::IsWindowUnicode(mWindow) ? &::GetWindowLongPtrW : &::GetWindowLongPtrA;
-    return get(mWindow, GWLP_WNDPROC);
-  }
+  // What the window had when this was put on doesn't tell: the chain may have been there, under somebody else's.
+  bool IsChainOnTop() const { return ProcedureOf(mWindow) == mChain.OwnProcedure(::IsWindowUnicode(mWindow)); }
 
   void Leave() {
     if (!mChain.remove(mWindow, &Link::Procedure, mId) && ::IsWindow(mWindow)) return;
@@ -160,9 +170,8 @@ class Link final : public RefCounted {
   const ComctlHooks& mChain;
   const HWND mWindow;
   const UINT_PTR mId;
-  LONG_PTR mTop = 0;  // the window's procedure when this had been put on
   MessageSink* mSink;
-  const WideMessage* mCurrent = nullptr;  // that the sink is being asked about
+  Question* mCurrent = nullptr;  // null outside the sink's event
   bool mIsOnWindow = false;
   bool mIsWanted = true;
 };

@@ -151,18 +151,10 @@ Long Win32Windows::DispatchMessageA(const Message& message) {
   return static_cast<Long>(::DispatchMessageW(&msg));
 }
 
-void Win32Windows::DoEvents() { Pump(); }
-
-void Win32Windows::DoEventsUntilNext() {
-  if (Pump()) return;
-  ::MsgWaitForMultipleObjectsEx(0, nullptr, INFINITE, QS_ALLINPUT, MWMO_INPUTAVAILABLE);
-  Pump();
-}
-
 namespace {
 
 // WM_QUIT among the messages of a round: it goes back when the round ends, whichever way. It comes before timers, which
-// must run meanwhile.
+// must run meanwhile; and a wait for the next message, which it would end at once each time, is for others than it.
 class Quit {
  public:
   Quit() = default;
@@ -199,13 +191,10 @@ class Painted {
   std::size_t mCount = 0;
 };
 
-}  // namespace
-
 // True if a message ran. A window that doesn't validate would be painted for ever: its second paint ends the round. One
 // round may run inside another, from within a message; what it takes, the outer one finds gone.
-bool Win32Windows::Pump() {
+bool Pump(Quit& quit) {
   bool any = false;
-  Quit quit;
   Painted painted;
   MSG msg;
   while (::PeekMessageW(&msg, nullptr, 0, 0, PM_REMOVE)) {
@@ -216,6 +205,20 @@ bool Win32Windows::Pump() {
     if (msg.message == WM_PAINT && !painted.IsFirst(msg.hwnd)) break;
   }
   return any;
+}
+
+}  // namespace
+
+void Win32Windows::DoEvents() {
+  Quit quit;
+  Pump(quit);
+}
+
+void Win32Windows::DoEventsUntilNext() {
+  Quit quit;
+  if (Pump(quit)) return;
+  ::MsgWaitForMultipleObjectsEx(0, nullptr, INFINITE, QS_ALLINPUT, MWMO_INPUTAVAILABLE);
+  Pump(quit);
 }
 
 }  // namespace strandline::win32

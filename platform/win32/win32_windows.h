@@ -34,9 +34,6 @@ class Win32Windows final : public Windows {
   Long DispatchMessageA(const Message& message) override;
   void DoEvents() override;
   void DoEventsUntilNext() override;
-
- private:
-  bool Pump();
 };
 
 }  // namespace strandline::win32

@@ -33,6 +33,9 @@ class Callback : public Main2Test {
    private:
     std::string mProcedure;
   };
+  static void Change(const Ref<AdvertisementsCallbackStub>& stub, Array<Boolean> ads, String value = u"London") {
+    stub->ValueChangedWithAds(ads, value);
+  }
   Ref<AdvertisementsCallbackStub> Stub() { return Inside::Callback(Main()); }
 };
 
@@ -41,7 +44,7 @@ TEST_F(Callback, ChangedValue_ReachesEveryToolbar) {
   TheWorld().Open(u"One.doc");
   TheWorld().Open(u"Two.doc");
   Reached reached("Toolbar.ValueChanged");
-  Stub()->ValueChangedWithAds(Ads({true, false, true}), u"London");
+  Change(Stub(), Ads({true, false, true}));
   ASSERT_EQ(reached.calls.size(), 2u);
   EXPECT_EQ(reached.calls[0], reached.calls[1]);
   EXPECT_NE(reached.calls[0].find("value='London'"), std::string::npos) << reached.calls[0];
@@ -67,7 +70,7 @@ TEST_F(Callback, EmptyEntry_EndsTheChangedValuesRoundAndNotTheNewAds) {
   Did().Clear();
   {
     Reached reached("Toolbar.ValueChanged");
-    Stub()->ValueChangedWithAds(Ads({true}), u"London");
+    Change(Stub(), Ads({true}));
     EXPECT_EQ(reached.calls.size(), 1u);
   }
   EXPECT_EQ(Block(Did().Errors()), "13 Main2.castToToolbar\n91 Main2.mCallbackToMe_ValueChangedWithAds\n");
@@ -85,20 +88,20 @@ TEST_F(Callback, EmptyEntryThatIsPassedOver_LeavesTheRound) {
   TheWorld().Open(u"Two.doc");
   TheWorld().AnswerErrors({5, 5});
   Reached reached("Toolbar.ValueChanged");
-  Stub()->ValueChangedWithAds(Ads({true}), u"London");
+  Change(Stub(), Ads({true}));
   EXPECT_EQ(reached.calls.size(), 2u);
 }
 
 TEST_F(Callback, WithoutToolbars_NothingHappens) {
   TheWorld();
-  Stub()->ValueChangedWithAds(Ads({}), String());
+  Change(Stub(), Ads({}), String());
   Stub()->DownloadedNewAds();
   EXPECT_TRUE(Did().All().empty());
 }
 
 TEST_F(Callback, FromWord2007On_ThereIsNoRegistryToGoThrough) {
   Begin(u"12.0");
-  Stub()->ValueChangedWithAds(Ads({true}), u"London");
+  Change(Stub(), Ads({true}));
   Stub()->DownloadedNewAds();
   EXPECT_EQ(Block(Did().Errors()),
             "91 Main2.mCallbackToMe_ValueChangedWithAds\n91 Main2.mCallbackToMe_DownloadedNewAds\n");
@@ -131,11 +134,11 @@ TEST_F(Callback, StubAfterQuit_DoesNothing) {
   Main().Quit();
   EXPECT_FALSE(Stub());
   Did().Clear();
-  stub->ValueChangedWithAds(Ads({true}), u"London");
+  Change(stub, Ads({true}));
   stub->DownloadedNewAds();
   EXPECT_TRUE(Did().All().empty());
   TheWorld().Unload();
-  stub->ValueChangedWithAds(Ads({true}), u"London");
+  Change(stub, Ads({true}));
   stub->DownloadedNewAds();
   EXPECT_TRUE(Did().All().empty());
 }

@@ -29,7 +29,7 @@ TEST_F(Door, Operations_StandInTheOrderOfTheInterface) {
   for (const Main2Operation& operation : kMain2Operations) {
     list += std::string(operation.name.Text()) + (operation.isProperty ? " [get]" : "");
     for (const Parameter& parameter : operation.parameters) {
-      static constexpr const char* kKinds[] = {"Boolean", "String", "Object"};
+      static constexpr const char* kKinds[] = {"Boolean", "Integer", "String", "Object"};
       list += std::string(" ") + std::string(parameter.name.Text()) + ":" + kKinds[static_cast<int>(parameter.kind)];
     }
     list += "\n";
@@ -250,7 +250,7 @@ class WritingDoor : public Door {
  protected:
   static constexpr Parameter kParameters[] = {
       {"flag", ParameterKind::kBoolean}, {"text", ParameterKind::kString}, {"object", ParameterKind::kObject}};
-  static Variant Write(Main2&, std::span<OperationArgument> given) {
+  static Variant Write(Main2&, ReceivedArguments& given) {
     given[0].Flag() = !given[0].Flag();
     given[1].Text() = u"12";
     given[2].Target() = Object();

@@ -34,7 +34,8 @@ TEST_F(Ribbon, IconBits_AreTheStoredFileAsItIs) {
     const Array<Byte> stored = Stored(number);
     ASSERT_GT(stored.Elements().size(), 6u);
     EXPECT_EQ(BytesOf(Relay().Call("getToolbarIconBits", number)), stored);
-    EXPECT_EQ(Inside::Events(Main())->getToolbarIconBits(number), stored);
+    Integer index = number;
+    EXPECT_EQ(Inside::Events(Main())->getToolbarIconBits(index), stored);
   }
   const Array<Byte> bits = BytesOf(Relay().Call("getToolbarIconBits", Integer{102}));
   const std::string start(bits.Elements().begin(), bits.Elements().begin() + 3);

@@ -75,6 +75,51 @@ TEST_F(ModuleContract, AFreedModule_GivesNothing) {
   EXPECT_EQ(modules.LockResource(0), nullptr);
 }
 
+TEST_F(ModuleContract, Resources_GoWithTheirModule) {
+  const String path = MakeModule({{{101, {1, 2, 3}}}, {}});
+  const Long kept = modules.LoadLibraryA(MakeModule({{{101, {4}}}, {}}));
+  const Long module = modules.LoadLibraryA(path);
+  const Long resource = modules.FindResourceA(module, 101, u"CUSTOM");
+  const Long data = modules.LoadResource(module, resource);
+  const Long keptData = modules.LoadResource(kept, modules.FindResourceA(kept, 101, u"CUSTOM"));
+  EXPECT_NE(modules.LockResource(data), nullptr);
+  EXPECT_NE(modules.FreeLibrary(module), 0);
+  EXPECT_EQ(modules.LockResource(data), nullptr);
+  EXPECT_EQ(modules.SizeofResource(module, resource), 0);
+  const Long again = modules.LoadLibraryA(path);
+  ASSERT_NE(again, 0);
+  EXPECT_EQ(modules.SizeofResource(again, resource), 0);
+  EXPECT_EQ(modules.LoadResource(again, resource), 0);
+  EXPECT_NE(modules.FindResourceA(again, 101, u"CUSTOM"), resource);
+  ASSERT_NE(modules.LockResource(keptData), nullptr);
+  EXPECT_EQ(*modules.LockResource(keptData), 4);
+  EXPECT_NE(modules.FreeLibrary(again), 0);
+  EXPECT_NE(modules.FreeLibrary(kept), 0);
+}
+
+TEST_F(ModuleContract, AResourceOfAnotherModule_IsNone) {
+  const Long one = modules.LoadLibraryA(MakeModule({{{101, {1}}}, {}}));
+  const Long two = modules.LoadLibraryA(MakeModule({{{101, {2, 2}}}, {}}));
+  const Long resource = modules.FindResourceA(one, 101, u"CUSTOM");
+  ASSERT_NE(resource, 0);
+  EXPECT_EQ(modules.SizeofResource(two, resource), 0);
+  EXPECT_EQ(modules.LoadResource(two, resource), 0);
+  EXPECT_NE(modules.FreeLibrary(one), 0);
+  EXPECT_NE(modules.FreeLibrary(two), 0);
+}
+
+TEST_F(ModuleContract, DataThatWereFreed_MayBeLockedAgainWhileTheirModuleIsThere) {
+  const Long module = modules.LoadLibraryA(MakeModule({{{101, {5}}}, {}}));
+  const Long resource = modules.FindResourceA(module, 101, u"CUSTOM");
+  const Long data = modules.LoadResource(module, resource);
+  ASSERT_NE(data, 0);
+  EXPECT_EQ(modules.LoadResource(module, resource), data);
+  EXPECT_EQ(modules.FreeResource(data), 0);
+  ASSERT_NE(modules.LockResource(data), nullptr);
+  EXPECT_EQ(*modules.LockResource(data), 5);
+  EXPECT_NE(modules.FreeLibrary(module), 0);
+}
+
 TEST_F(ModuleContract, TwoModules_AreApart) {
   const Long one = modules.LoadLibraryA(MakeModule({{{101, {1}}}, {{7, u"of one"}}}));
   const Long two = modules.LoadLibraryA(MakeModule({{{101, {2, 2}}}, {{7, u"of two"}}}));

@@ -45,26 +45,30 @@ TEST_F(Operations, NamesHaveTheirNumbers_WithoutCase) {
   wchar_t unknown[] = L"Initialise";
   LPOLESTR wrong[] = {unknown};
   EXPECT_EQ(main->GetIDsOfNames(IID_NULL, wrong, 1, 0, ids), DISP_E_UNKNOWNNAME);
+  EXPECT_EQ(TakeErrorInformation().source, L"Strandline.Main2");
   EXPECT_EQ(main->GetIDsOfNames(IID_IUnknown, names, 1, 0, ids), DISP_E_UNKNOWNINTERFACE);
 }
 
 TEST_F(Operations, ATextByAnyKindOfReference_ReachesTheOperationAndStays) {
-  Bstr text(L"42");
+  Bstr text(L"UseQuillmere");
   VARIANT inner;
   VariantInit(&inner);
   inner.vt = VT_BSTR;
   inner.bstrVal = *text.Place();
   VARIANT nested = Of(VT_BSTR, text.Place());
-  const VARIANT ways[] = {OfText(text), Of(VT_BSTR, text.Place()), Of(VT_VARIANT, &inner), Of(VT_VARIANT, &nested),
-                          OfLong(42)};
+  PlayedProduct product;
+  ASSERT_EQ(product.Initialize(*main.get()), S_OK);
+  const VARIANT ways[] = {OfText(text), Of(VT_BSTR, text.Place()), Of(VT_VARIANT, &inner), Of(VT_VARIANT, &nested)};
   for (const VARIANT& way : ways) {
+    product.commands.clear();
     Called called;
     CallByNumber(*main.get(), kExecute, {way}, called);
     EXPECT_EQ(called.outcome, S_OK) << way.vt;
     EXPECT_EQ(called.result.vt, VT_BSTR) << way.vt;
+    EXPECT_EQ(product.commands, std::vector<std::string>{"InsertReference"}) << way.vt;
   }
-  EXPECT_EQ(text.Text(), L"42");
-  EXPECT_EQ(TextIn(inner), L"42");
+  EXPECT_EQ(text.Text(), L"UseQuillmere");
+  EXPECT_EQ(TextIn(inner), L"UseQuillmere");
 }
 
 TEST_F(Operations, ProductNameByNumber_ReachesTheProduct) {
@@ -113,19 +117,9 @@ TEST_F(Operations, ByName_InAnyOrder) {
   EXPECT_FALSE(product.word->uses.empty());
 }
 
-TEST_F(Operations, AFlagOfAnyKind) {
-  VARIANT_BOOL flag = VARIANT_TRUE;
-  Bstr word(L"True");
-  for (const VARIANT& way : {Of(VT_BOOL, &flag), OfLong(1), OfText(word)}) {
-    Called called;
-    CallByNumber(*main.get(), kEnableGotoQuickBookmark, {way}, called);
-    EXPECT_EQ(called.outcome, S_OK) << way.vt;
-  }
-  EXPECT_EQ(flag, VARIANT_TRUE);
-}
-
 TEST_F(Operations, WhatTheDoorRefuses) {
-  const ComRef<IDispatch> object = NewFailing(E_FAIL);
+  ULONG owners = 0;
+  const ComRef<IDispatch> object = NewFailing(E_FAIL, &owners);
   IDispatch* place = object.get();
   Bstr text(L"no flag");
   VARIANT null;
@@ -173,6 +167,7 @@ TEST_F(Operations, WhatTheDoorRefuses) {
     EXPECT_EQ(told.source, L"Strandline.Main2") << entry.id;
     EXPECT_FALSE(told.description.empty()) << entry.id;
     EXPECT_TRUE(told.interfaceId == IID__Main2) << entry.id;
+    EXPECT_EQ(owners, 1u) << entry.id;
   }
   EXPECT_EQ(place, object.get());
 }

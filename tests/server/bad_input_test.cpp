@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <string>
 #include <vector>
 
@@ -42,10 +43,24 @@ void ExpectEachOperationToEnd(_Main2& main) {
 }
 
 HRESULT InitializeWith(_Main2& main, IDispatch* object) {
-  IDispatch* places[] = {object, object, object};
-  Bstr name(L"Quillmere");
-  return main.Initialize(&places[0], &places[1], &places[2], name.Place());
+  return servertest::InitializeWith(main, object, object, object);
 }
+
+// What a client holds when the server of the object has died in a bad way: not even its identity can be asked for.
+class Dead final : public IDispatch {
+ public:
+  ULONG owners = 1;  // the test's own
+  STDMETHODIMP QueryInterface(REFIID, void** object) override {
+    *object = nullptr;
+    return static_cast<HRESULT>(RPC_E_DISCONNECTED);
+  }
+  STDMETHODIMP_(ULONG) AddRef() override { return ++owners; }
+  STDMETHODIMP_(ULONG) Release() override { return --owners; }
+  STDMETHODIMP GetTypeInfoCount(UINT*) override { return E_FAIL; }
+  STDMETHODIMP GetTypeInfo(UINT, LCID, ITypeInfo**) override { return E_FAIL; }
+  STDMETHODIMP GetIDsOfNames(REFIID, LPOLESTR*, UINT, LCID, DISPID*) override { return E_FAIL; }
+  STDMETHODIMP Invoke(DISPID, REFIID, LCID, WORD, DISPPARAMS*, VARIANT*, EXCEPINFO*, UINT*) override { return E_FAIL; }
+};
 
 class Client : public testing::Test {
  protected:
@@ -99,19 +114,25 @@ TEST_F(Client, ObjectsThatRaiseInEachMember_AreLetGoAtQuit) {
 }
 
 TEST_F(Client, AnObjectThatCallsBackIntoTheSameOperation) {
+  constexpr int kDeepest = 200;
   int depth = 0;
-  ComRef<_Main2> called = main;
+  int deepest = 0;
+  std::vector<HRESULT> nested;
   PlayedProduct product;
-  const auto word = New<Played>([&](Use, std::string_view, const Arguments&) -> Variant {
-    if (depth++ < 200) {
+  product.word = New<Played>([&](Use, std::string_view, const Arguments&) -> Variant {
+    // Each call asks Word several times; only the first one goes deeper.
+    if (deepest < kDeepest) {
+      deepest = std::max(deepest, ++depth);
       VARIANT_BOOL value = VARIANT_TRUE;
-      called->EnableGotoQuickBookmark(&value);
+      nested.push_back(main->EnableGotoQuickBookmark(&value));
+      --depth;
+      EXPECT_EQ(value, VARIANT_TRUE);
     }
-    return u"12.0";
+    Raise(4605);
   });
-  product.word = word;
   EXPECT_EQ(product.Initialize(*main.get()), S_OK);
-  EXPECT_GT(depth, 0);
+  EXPECT_EQ(deepest, kDeepest);
+  EXPECT_EQ(nested, std::vector<HRESULT>(kDeepest, S_OK));
   EXPECT_EQ(main->Quit(), S_OK);
 }
 
@@ -132,7 +153,48 @@ TEST_F(Client, AnObjectThatLetsGoOfTheLastReferenceWithinACall) {
   EXPECT_EQ(dll.CanUnloadNow(), S_OK);
 }
 
-TEST_F(Client, AForeignExceptionIsTheirs_ButOursStayInside) {
+TEST_F(Client, AnObjectThatTellsNothing_IsRefused) {
+  Dead dead;
+  EXPECT_TRUE(FAILED(InitializeWith(*main.get(), &dead)));
+  EXPECT_EQ(TakeErrorInformation().source, L"Strandline.Main2");
+  EXPECT_EQ(dead.owners, 1u);
+  IDispatch* doc = &dead;
+  VARIANT_BOOL flag = VARIANT_TRUE;
+  EXPECT_TRUE(FAILED(main->HandleCloseDocument(&doc, &flag)));
+  Called called;
+  CallByNumber(*main.get(), 17, {Of(VT_DISPATCH, &doc)}, called);
+  EXPECT_TRUE(FAILED(called.outcome));
+  EXPECT_EQ(doc, &dead);
+  EXPECT_EQ(dead.owners, 1u);
+  ExpectEachOperationToEnd(*main.get());
+}
+
+#ifndef _WIN64
+// The elements of this array are as many as no 32-bit process has memory for in one piece. So taking the argument fails
+// in the DLL, by an exception of the DLL's own.
+TEST_F(Client, AnExceptionOfTheDlls_StaysInside) {
+  VARIANT element;
+  VariantInit(&element);
+  SAFEARRAY array{};
+  array.cDims = 1;
+  array.fFeatures = FADF_STATIC | FADF_FIXEDSIZE | FADF_VARIANT;
+  array.cbElements = sizeof(VARIANT);
+  array.pvData = &element;
+  array.rgsabound[0].cElements = static_cast<ULONG>(PTRDIFF_MAX / sizeof(Variant));
+  VARIANT argument;
+  VariantInit(&argument);
+  argument.vt = VT_ARRAY | VT_VARIANT;
+  argument.parray = &array;
+  Called called;
+  CallByNumber(*main.get(), 2, {argument}, called);
+  EXPECT_EQ(called.outcome, E_OUTOFMEMORY);
+  EXPECT_EQ(TakeErrorInformation().source, L"Strandline.Main2");
+  EXPECT_EQ(array.cLocks, 0u);
+  ExpectEachOperationToEnd(*main.get());
+}
+#endif
+
+TEST_F(Client, AForeignExceptionIsTheirs) {
   // The host's own faces turn what their objects throw into results, which the library then meets as errors.
   PlayedProduct product;
   product.word = New<Played>([](Use, std::string_view, const Arguments&) -> Variant { throw std::bad_alloc(); });

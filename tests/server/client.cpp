@@ -95,8 +95,10 @@ Variant Played::Invoke(Use use, Name member, const Arguments& arguments) {
 PlayedProduct::PlayedProduct() {
   const auto bar = New<Played>([](Use, std::string_view, const Arguments&) -> Variant { return {}; });
   const auto bars = New<Played>([bar](Use, std::string_view, const Arguments&) -> Variant { return bar; });
-  word = New<Played>([bars](Use, std::string_view member, const Arguments&) -> Variant {
+  const auto documents = New<Played>([](Use, std::string_view, const Arguments&) -> Variant { return Long{0}; });
+  word = New<Played>([bars, documents](Use, std::string_view member, const Arguments&) -> Variant {
     if (member == "Version") return u"12.0";
+    if (member == "Documents") return documents;
     if (member == "CommandBars") return bars;
     Raise(errors::kNoSuchMember);
   });
@@ -111,10 +113,38 @@ PlayedProduct::PlayedProduct() {
 }
 
 HRESULT PlayedProduct::Initialize(_Main2& main) {
-  ComRef<IDispatch> objects[] = {Outside(word), Outside(properties), Outside(productState)};
-  IDispatch* places[] = {objects[0].get(), objects[1].get(), objects[2].get()};
+  return InitializeWith(main, Outside(word).get(), Outside(properties).get(), Outside(productState).get());
+}
+
+HRESULT InitializeWith(_Main2& main, IDispatch* word, IDispatch* properties, IDispatch* productState) {
   Bstr name(L"Quillmere");
-  return main.Initialize(&places[0], &places[1], &places[2], name.Place());
+  return main.Initialize(&word, &properties, &productState, name.Place());
+}
+
+HRESULT Watched::QueryInterface(REFIID id, void** object) {
+  Touch();
+  *object = id == IID_IUnknown || id == IID_IDispatch ? this : nullptr;
+  if (!*object) return E_NOINTERFACE;
+  ++owners;
+  return S_OK;
+}
+ULONG Watched::AddRef() {
+  Touch();
+  return ++owners;
+}
+ULONG Watched::Release() {
+  const ULONG left = --owners;
+  Touch();
+  return left;
+}
+HRESULT Watched::GetIDsOfNames(REFIID id, LPOLESTR* names, UINT count, LCID locale, DISPID* ids) {
+  Touch();
+  return mPlayed->GetIDsOfNames(id, names, count, locale, ids);
+}
+HRESULT Watched::Invoke(DISPID member, REFIID id, LCID locale, WORD flags, DISPPARAMS* parameters, VARIANT* result,
+                        EXCEPINFO* exception, UINT* badArgument) {
+  Touch();
+  return mPlayed->Invoke(member, id, locale, flags, parameters, result, exception, badArgument);
 }
 
 ComRef<IDispatch> Outside(const Ref<Played>& object) {

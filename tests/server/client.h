@@ -71,6 +71,36 @@ struct PlayedProduct {
 // As the world sees an object of this program.
 ComRef<IDispatch> Outside(const Ref<Played>& object);
 
+HRESULT InitializeWith(_Main2& main, IDispatch* word, IDispatch* properties, IDispatch* productState);
+
+// A played object as one written for the system alone, which notices whoever touches it, be it by a release. It never
+// ends by itself.
+class Watched final : public IDispatch {
+ public:
+  explicit Watched(const Ref<Played>& played) : mPlayed(Outside(played)) {}
+  Watched(const Watched&) = delete;
+  Watched& operator=(const Watched&) = delete;
+
+  std::function<void()> onTouch;
+  ULONG owners = 1;  // the test's own
+
+  STDMETHODIMP QueryInterface(REFIID id, void** object) override;
+  STDMETHODIMP_(ULONG) AddRef() override;
+  STDMETHODIMP_(ULONG) Release() override;
+  STDMETHODIMP GetTypeInfoCount(UINT*) override { return E_NOTIMPL; }
+  STDMETHODIMP GetTypeInfo(UINT, LCID, ITypeInfo**) override { return E_NOTIMPL; }
+  STDMETHODIMP GetIDsOfNames(REFIID id, LPOLESTR* names, UINT count, LCID locale, DISPID* ids) override;
+  STDMETHODIMP Invoke(DISPID member, REFIID id, LCID locale, WORD flags, DISPPARAMS* parameters, VARIANT* result,
+                      EXCEPINFO* exception, UINT* badArgument) override;
+
+ private:
+  void Touch() const {
+    if (onTouch) onTouch();
+  }
+
+  ComRef<IDispatch> mPlayed;
+};
+
 // An automation object whose every member fails with `result`; it counts its owners in *owners, where given.
 ComRef<IDispatch> NewFailing(HRESULT result, ULONG* owners = nullptr);
 

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <deque>
 #include <string>
 #include <vector>
 
@@ -115,6 +116,129 @@ TEST_F(RelayEvents, ByNumberToo) {
   EXPECT_EQ(run.outcome, S_OK);
   EXPECT_EQ(sink.heard, (std::vector<DISPID>{1, 2}));
   EXPECT_EQ(point->Unadvise(cookie), S_OK);
+}
+
+namespace {
+
+// Puts more behind the text of a reference, so that its way can be followed.
+HRESULT Add(BSTR* place, const wchar_t* more) {
+  const std::wstring text = (*place ? *place : L"") + std::wstring(more);
+  return ::SysReAllocString(place, text.c_str()) ? S_OK : E_OUTOFMEMORY;
+}
+
+}  // namespace
+
+TEST_F(RelayEvents, WhatASinkWrites_TheNextOneAndTheCallerSee) {
+  Sink first(DIID___RibbonEvents);
+  Sink second(DIID___RibbonEvents);
+  std::wstring seen;
+  short seenIndex = 0;
+  first.during = [](DISPID event, DISPPARAMS& parameters) {
+    if (event == 2) return Add(parameters.rgvarg[0].pbstrVal, L"1");
+    *parameters.rgvarg[1].piVal = 103;
+    return S_OK;
+  };
+  second.during = [&](DISPID event, DISPPARAMS& parameters) {
+    if (event == 1) {
+      seenIndex = *parameters.rgvarg[1].piVal;
+      return S_OK;
+    }
+    seen = *parameters.rgvarg[0].pbstrVal;
+    return Add(parameters.rgvarg[0].pbstrVal, L"2");
+  };
+  DWORD cookies[2] = {};
+  ASSERT_EQ(point->Advise(&first, &cookies[0]), S_OK);
+  ASSERT_EQ(point->Advise(&second, &cookies[1]), S_OK);
+
+  Bstr bySlot(L"Slot");
+  EXPECT_EQ(relay->run(bySlot.Place()), S_OK);
+  EXPECT_EQ(seen, L"Slot1");
+  EXPECT_EQ(bySlot.Text(), L"Slot12");
+  Bstr byNumber(L"Number");
+  Called called;
+  CallByNumber(*relay.get(), 2, {Of(VT_BSTR, byNumber.Place())}, called);
+  EXPECT_EQ(called.outcome, S_OK);
+  EXPECT_EQ(byNumber.Text(), L"Number12");
+  VARIANT any = OfLong(5);
+  Called inVariant;
+  CallByNumber(*relay.get(), 2, {Of(VT_VARIANT, &any)}, inVariant);
+  ASSERT_EQ(any.vt, VT_BSTR);
+  EXPECT_EQ(std::wstring(any.bstrVal), L"512");
+  VariantClear(&any);
+
+  short index = 102;
+  SAFEARRAY* bytes = nullptr;
+  EXPECT_EQ(relay->getToolbarIconBits(&index, &bytes), S_OK);
+  EXPECT_EQ(seenIndex, 103);
+  EXPECT_EQ(index, 103);
+  LONG wide = 7;
+  Called bits;
+  CallByNumber(*relay.get(), 1, {Of(VT_I4, &wide)}, bits);
+  EXPECT_EQ(bits.outcome, S_OK);
+  EXPECT_EQ(wide, 103);
+  for (const DWORD cookie : cookies) EXPECT_EQ(point->Unadvise(cookie), S_OK);
+}
+
+TEST_F(RelayEvents, NamedArguments) {
+  Sink sink(DIID___RibbonEvents);
+  std::wstring seen;
+  sink.during = [&](DISPID, DISPPARAMS& parameters) {
+    seen = *parameters.rgvarg[0].pbstrVal;
+    return S_OK;
+  };
+  DWORD cookie = 0;
+  ASSERT_EQ(point->Advise(&sink, &cookie), S_OK);
+  Bstr text(L"Named");
+  Called called;
+  CallByNumber(*relay.get(), 2, {OfText(text)}, called, {0});
+  EXPECT_EQ(called.outcome, S_OK);
+  EXPECT_EQ(seen, L"Named");
+  Called unknown;
+  CallByNumber(*relay.get(), 2, {OfText(text)}, unknown, {1});
+  EXPECT_EQ(unknown.outcome, DISP_E_PARAMNOTFOUND);
+  EXPECT_EQ(point->Unadvise(cookie), S_OK);
+}
+
+namespace {
+
+// Says yes to every interface and gives none.
+class Empty final : public IUnknown {
+ public:
+  STDMETHODIMP QueryInterface(REFIID, void** object) override {
+    *object = nullptr;
+    return S_OK;
+  }
+  STDMETHODIMP_(ULONG) AddRef() override { return 2; }
+  STDMETHODIMP_(ULONG) Release() override { return 1; }
+};
+
+}  // namespace
+
+TEST_F(RelayEvents, RefusalsAreToldWithInformation) {
+  Empty empty;
+  DWORD cookie = 5;
+  EXPECT_EQ(point->Advise(&empty, &cookie), CONNECT_E_CANNOTCONNECT);
+  ErrorInformation told = TakeErrorInformation();
+  EXPECT_EQ(told.source, L"Strandline.RibbonEvents");
+  EXPECT_TRUE(told.interfaceId == IID_IConnectionPoint);
+  EXPECT_FALSE(told.description.empty());
+  Run(L"Anything");
+  EXPECT_EQ(point->Unadvise(77), CONNECT_E_NOCONNECTION);
+  EXPECT_EQ(TakeErrorInformation().source, L"Strandline.RibbonEvents");
+  ComRef<IConnectionPointContainer> container;
+  ComRef<IConnectionPoint> other;
+  ASSERT_EQ(point->GetConnectionPointContainer(container.Put()), S_OK);
+  EXPECT_EQ(container->FindConnectionPoint(IID_IStream, other.Put()), CONNECT_E_NOCONNECTION);
+  told = TakeErrorInformation();
+  EXPECT_TRUE(told.interfaceId == IID_IConnectionPointContainer);
+  for (IUnknown* const object : {static_cast<IUnknown*>(point.get()), static_cast<IUnknown*>(container.get())}) {
+    ComRef<ISupportErrorInfo> errors;
+    ASSERT_EQ(object->QueryInterface(IID_ISupportErrorInfo, errors.PutVoid()), S_OK);
+    EXPECT_EQ(errors->InterfaceSupportsErrorInfo(object == point.get() ? IID_IConnectionPoint
+                                                                       : IID_IConnectionPointContainer),
+              S_OK);
+    EXPECT_EQ(errors->InterfaceSupportsErrorInfo(IID_IStream), S_FALSE);
+  }
 }
 
 TEST_F(RelayEvents, SeveralSinksInTheirOrder_TheLastOneDecides) {
@@ -318,11 +442,32 @@ TEST_F(StubEvents, AreHeardWithTheirNumbersAndArguments) {
   EXPECT_EQ(outside->NewAdvertisementsEvent(VARIANT_TRUE), S_OK);
   Array<Boolean> ads(1, 3);
   ads(2) = true;
-  stub->ValueChangedWithAds(ads, u"later");
+  String later = u"later";
+  stub->ValueChangedWithAds(ads, later);
   stub->DownloadedNewAds();
   EXPECT_EQ(sink.heard, (std::vector<DISPID>{1, 2, 3, 4}));
   EXPECT_EQ(texts, (std::vector<std::wstring>{L"listen", L"now", L"later"}));
   EXPECT_EQ(flags, (std::vector<bool>{true, false, true, false}));
+}
+
+TEST_F(StubEvents, WhatASinkWrites_TheCallerAndTheLibrarySee) {
+  sink.during = [](DISPID event, DISPPARAMS& parameters) {
+    Add(parameters.rgvarg[0].pbstrVal, L"2");
+    if (event == 1) return Add(parameters.rgvarg[1].pbstrVal, L"1");
+    SAFEARRAY** place = parameters.rgvarg[1].pparray;
+    static_cast<VARIANT_BOOL*>((*place)->pvData)[0] = VARIANT_TRUE;
+    return S_OK;
+  };
+  Bstr key(L"City");
+  Bstr value(L"London");
+  EXPECT_EQ(outside->ValueChanged(key.Place(), value.Place()), S_OK);
+  EXPECT_EQ(key.Text(), L"City1");
+  EXPECT_EQ(value.Text(), L"London2");
+  Array<Boolean> ads(0, 1);
+  String text = u"Paris";
+  stub->ValueChangedWithAds(ads, text);
+  EXPECT_EQ(ads.Elements(), (std::deque<bool>{true, false}));
+  EXPECT_EQ(text, u"Paris2");
 }
 
 TEST_F(StubEvents, ASinkThatLetsTheFaceGoWithinAnEvent) {

@@ -96,7 +96,10 @@ const char* Words(VARTYPE type) {
 
 // IDispatch is a type of its own in a type library, and a reference to it is a pointer to a pointer.
 std::string TypeWords(const TYPEDESC& type) {
-  if (type.vt == VT_SAFEARRAY) return type.lptdesc->vt == VT_UI1 ? "bytes" : "flags";
+  if (type.vt == VT_SAFEARRAY) {
+    const VARTYPE element = type.lptdesc->vt;
+    return element == VT_UI1 ? "bytes" : element == VT_BOOL ? "flags" : "?";
+  }
   if (type.vt != VT_PTR) return Words(type.vt);
   if (type.lptdesc->vt == VT_USERDEFINED) return "object";
   return TypeWords(*type.lptdesc) + "&";
@@ -122,7 +125,10 @@ class Interfaces : public testing::Test {
       if (i == 0 || i > static_cast<UINT>(function.cParams)) continue;
       const ELEMDESC& parameter = function.lprgelemdescParam[i - 1];
       if (parameter.paramdesc.wParamFlags & PARAMFLAG_FRETVAL) continue;
-      words += (words.empty() ? "" : ", ") + name + " " + TypeWords(parameter.tdesc);
+      const std::string type = TypeWords(parameter.tdesc);
+      words += (words.empty() ? "" : ", ") + name + " " + type;
+      const int ways = type.ends_with('&') ? PARAMFLAG_FIN | PARAMFLAG_FOUT : PARAMFLAG_FIN;
+      EXPECT_EQ(parameter.paramdesc.wParamFlags & (PARAMFLAG_FIN | PARAMFLAG_FOUT), ways) << name;
     }
     return words;
   }
@@ -142,6 +148,8 @@ class Interfaces : public testing::Test {
         EXPECT_EQ(function->memid, member.id) << member.name;
         EXPECT_EQ(Lower(Parameters(*info.get(), *function)), Lower(member.parameters)) << member.name;
         EXPECT_EQ(TypeWords(function->elemdescFunc.tdesc), member.result) << member.name;
+        const bool isProperty = std::string(member.name) == "RibbonHandler";
+        EXPECT_EQ(function->invkind, isProperty ? INVOKE_PROPERTYGET : INVOKE_FUNC) << member.name;
         if (hasSlots) {
           EXPECT_EQ(static_cast<std::size_t>(function->oVft), (7 + at) * sizeof(void*)) << member.name;
         }
@@ -251,7 +259,8 @@ TEST_F(Interfaces, OneObjectHasOneIdentity) {
   ASSERT_EQ(errors->QueryInterface(IID_IUnknown, second.PutVoid()), S_OK);
   EXPECT_EQ(first.get(), second.get());
   EXPECT_EQ(errors->InterfaceSupportsErrorInfo(IID__Main2), S_OK);
-  EXPECT_EQ(errors->InterfaceSupportsErrorInfo(IID_IDispatch), S_FALSE);
+  EXPECT_EQ(errors->InterfaceSupportsErrorInfo(IID_IDispatch), S_OK);
+  EXPECT_EQ(errors->InterfaceSupportsErrorInfo(IID_IConnectionPointContainer), S_FALSE);
 }
 
 }  // namespace strandline::servertest

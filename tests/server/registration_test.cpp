@@ -36,6 +36,9 @@ const std::vector<std::wstring> kKeys = {kMain2,
                                          L"Interface\\{78BB1DE7-2441-4B93-95AF-AA46BBA9AEEB}",
                                          L"Interface\\{6455E7D1-3103-4371-9284-34B33EC40EFC}"};
 
+// Of the keys above.
+constexpr const wchar_t* kParents[] = {L"CLSID", L"TypeLib", L"Interface"};
+
 const Registrar::Root kMachine{HKEY_LOCAL_MACHINE, L"Software\\Classes"};
 const Registrar::Root kUser{HKEY_CURRENT_USER, L"Software\\Classes"};
 
@@ -78,6 +81,34 @@ void ExpectClasses(const Registrar::Root& root, const std::wstring& path) {
   EXPECT_FALSE(Value(root, kStub).empty());
   EXPECT_FALSE(Exists(root, std::wstring(kStub) + L"\\InprocServer32"));
   EXPECT_FALSE(Exists(root, std::wstring(kStub) + L"\\ProgID"));
+}
+
+// As written for a user, by the DLL itself.
+void ExpectLibrary(const Registrar::Root& root, const std::wstring& path) {
+  const std::wstring version = std::wstring(kLibrary) + L"\\1.0";
+  EXPECT_EQ(Value(root, version), L"Strandline 1.0 Type Library");
+  EXPECT_EQ(Value(root, version + (kIs64 ? L"\\0\\win64" : L"\\0\\win32")), path);
+  EXPECT_FALSE(Exists(root, version + (kIs64 ? L"\\0\\win32" : L"\\0\\win64")));
+  EXPECT_EQ(Value(root, version + L"\\FLAGS"), L"0");
+  EXPECT_EQ(Value(root, version + L"\\HELPDIR"), path.substr(0, path.rfind(L'\\')));
+  struct Case {
+    const wchar_t* id;
+    const wchar_t* name;
+    bool isDual;
+  };
+  const Case cases[] = {{L"{444DA255-41BF-4177-B24F-1B788A80AFF7}", L"_Main2", true},
+                        {L"{08B31AE8-FFF3-4A50-9B42-65FDD036FD3D}", L"_RibbonEvents", true},
+                        {L"{CC8FC59F-1F2F-45F7-8B7A-47BF38E83D41}", L"__RibbonEvents", false},
+                        {L"{78BB1DE7-2441-4B93-95AF-AA46BBA9AEEB}", L"_AdvertisementsCallbackStub", true},
+                        {L"{6455E7D1-3103-4371-9284-34B33EC40EFC}", L"__AdvertisementsCallbackStub", false}};
+  for (const Case& entry : cases) {
+    const std::wstring key = std::wstring(L"Interface\\") + entry.id;
+    EXPECT_EQ(Value(root, key), entry.name);
+    EXPECT_EQ(Value(root, key + L"\\ProxyStubClsid32"),
+              entry.isDual ? L"{00020424-0000-0000-C000-000000000046}" : L"{00020420-0000-0000-C000-000000000046}");
+    EXPECT_EQ(Value(root, key + L"\\TypeLib"), L"{419AAB9F-E0E6-41D8-BC8D-D137A724EAA2}");
+    EXPECT_EQ(Value(root, key + L"\\TypeLib", L"Version"), L"1.0");
+  }
 }
 
 // Roots of the test's own, of which the machine's can be closed to everybody.
@@ -183,9 +214,51 @@ TEST_F(Registration, OfTheUser_WhereTheMachinesRootIsClosed) {
   const Registrar registrar(roots.machine, roots.user, dll.Path());
   EXPECT_EQ(registrar.Register(), S_OK);
   ExpectClasses(roots.user, dll.Path());
+  ExpectLibrary(roots.user, dll.Path());
+  EXPECT_EQ(Left(roots.user), kKeys);
   EXPECT_EQ(Left(roots.machine), std::vector<std::wstring>());
+  EXPECT_EQ(Left(kMachine), std::vector<std::wstring>()) << "it is the user's alone";
   EXPECT_EQ(registrar.Unregister(), S_OK);
   EXPECT_EQ(Left(roots.user), std::vector<std::wstring>());
+  for (const wchar_t* parent : kParents) EXPECT_FALSE(Exists(roots.user, parent)) << parent;
+}
+
+TEST_F(Registration, OfTheUser_LeavesTheParentsThatOthersUse) {
+  const ScratchRoots roots;
+  ScratchRoots::Close(roots.machine);
+  const Registrar registrar(roots.machine, roots.user, dll.Path());
+  registry::Write(roots.user.parent, At(roots.user, L"CLSID\\Another"), nullptr, L"");
+  registry::Write(roots.user.parent, At(roots.user, L"Interface"), nullptr, L"a value");
+  EXPECT_EQ(registrar.Register(), S_OK);
+  EXPECT_EQ(registrar.Unregister(), S_OK);
+  EXPECT_TRUE(Exists(roots.user, L"CLSID\\Another"));
+  EXPECT_EQ(Value(roots.user, L"Interface"), L"a value");
+  EXPECT_FALSE(Exists(roots.user, L"TypeLib"));
+}
+
+TEST_F(Registration, OfTheUser_ThatFailsHalfWay_IsTakenBack) {
+  const ScratchRoots roots;
+  ScratchRoots::Close(roots.machine);
+  const Registrar::Root interfaces{roots.user.parent, At(roots.user, L"Interface")};
+  registry::Write(interfaces.parent, interfaces.path, nullptr, L"");
+  ScratchRoots::Close(interfaces);
+  const Registrar registrar(roots.machine, roots.user, dll.Path());
+  EXPECT_EQ(registrar.Register(), SELFREG_E_TYPELIB);
+  ScratchRoots::Open(interfaces);
+  EXPECT_EQ(Left(roots.user), std::vector<std::wstring>());
+}
+
+TEST_F(Registration, OfTheMachine_TakesOutAnOlderOneOfTheUser) {
+  const ScratchRoots roots;
+  ScratchRoots::Close(roots.machine);
+  const Registrar registrar(roots.machine, roots.user, dll.Path());
+  ASSERT_EQ(registrar.Register(), S_OK);
+  ScratchRoots::Open(roots.machine);
+  EXPECT_EQ(registrar.Register(), S_OK);
+  ExpectClasses(roots.machine, dll.Path());
+  EXPECT_EQ(Left(roots.user), std::vector<std::wstring>());
+  EXPECT_EQ(registrar.Unregister(), S_OK);
+  EXPECT_EQ(Left(roots.machine), std::vector<std::wstring>());
 }
 
 TEST_F(Registration, OfTheMachine_WhereItsRootIsOpen) {

@@ -7,46 +7,13 @@
 #include <vector>
 
 #include "platform/win32/win32_variant.h"
-#include "server/registry.h"
 #include "tests/server/client.h"
+#include "tests/server/component.h"
 #include "tests/server/sink.h"
 
 namespace strandline::servertest {
 
 namespace {
-
-// Anything but a class of ours; known to this program's run alone.
-constexpr CLSID kHandlerClass = {0x6e0d9a34, 0x7b54, 0x4f0a, {0x9c, 0x61, 0x3d, 0x4e, 0x0c, 0x5f, 0x27, 0x18}};
-constexpr wchar_t kHandlerKey[] = L"Software\\Classes\\RibbonHandler.Main2";
-
-// Gives out one object, for the time of a test, under the component's name.
-class Component final : public IClassFactory {
- public:
-  explicit Component(IDispatch* object) : mObject(object) {
-    wchar_t id[40];
-    ::StringFromGUID2(kHandlerClass, id, 40);
-    EXPECT_EQ(server::registry::Write(HKEY_LOCAL_MACHINE, std::wstring(kHandlerKey) + L"\\CLSID", nullptr, id), 0);
-    EXPECT_EQ(::CoRegisterClassObject(kHandlerClass, this, CLSCTX_INPROC_SERVER, REGCLS_MULTIPLEUSE, &mCookie), S_OK);
-  }
-  ~Component() {
-    ::CoRevokeClassObject(mCookie);
-    server::registry::Delete(HKEY_LOCAL_MACHINE, kHandlerKey);
-  }
-  STDMETHODIMP QueryInterface(REFIID id, void** object) override {
-    *object = id == IID_IUnknown || id == IID_IClassFactory ? this : nullptr;
-    return *object ? S_OK : E_NOINTERFACE;
-  }
-  STDMETHODIMP_(ULONG) AddRef() override { return 2; }
-  STDMETHODIMP_(ULONG) Release() override { return 1; }
-  STDMETHODIMP CreateInstance(IUnknown*, REFIID id, void** object) override {
-    return mObject->QueryInterface(id, object);
-  }
-  STDMETHODIMP LockServer(BOOL) override { return S_OK; }
-
- private:
-  IDispatch* mObject;
-  DWORD mCookie = 0;
-};
 
 // What stands in this program's own copy of the images.
 std::vector<BYTE> ImageBytes(int number) {
@@ -74,12 +41,14 @@ class Ribbon : public testing::Test {
 
   Dll dll;
   Object relay;  // as the component has it
+  std::vector<bool> flags;
   Ref<Played> handler = New<Played>([this](Use, std::string_view member, const Arguments& arguments) -> Variant {
     if (member == "Initialize") relay = arguments.positional[0].ToObject();
+    if (member == "EnableGotoQuickBookmark") flags.push_back(arguments.positional[0].ToBoolean());
     return {};
   });
   ComRef<IDispatch> handlerOutside = Outside(handler);
-  Component component{handlerOutside.get()};
+  Component component{L"RibbonHandler.Main2", handlerOutside.get()};
   PlayedProduct product;
   ComRef<_Main2> main = dll.NewMain2();
 };
@@ -118,6 +87,46 @@ TEST_F(Ribbon, ACommandReachesTheProduct_AndAListenerBesides) {
   EXPECT_EQ(outside->run(command.Place()), S_OK);
   EXPECT_EQ(product.commands, std::vector<std::string>{"InsertReference"});
   EXPECT_EQ(sink.heard, std::vector<DISPID>{2});
+  EXPECT_EQ(point->Unadvise(cookie), S_OK);
+}
+
+TEST_F(Ribbon, AFlagOfAnyKind_ReachesIt) {
+  constexpr DISPID kEnableGotoQuickBookmark = 3;
+  VARIANT_BOOL yes = VARIANT_TRUE;
+  VARIANT_BOOL no = VARIANT_FALSE;
+  Bstr yesText(L"True");
+  Bstr noText(L"False");
+  const VARIANT ways[] = {Of(VT_BOOL, &yes), Of(VT_BOOL, &no), OfLong(1), OfLong(0), OfText(yesText), OfText(noText)};
+  for (const VARIANT& way : ways) {
+    Called called;
+    CallByNumber(*main.get(), kEnableGotoQuickBookmark, {way}, called);
+    EXPECT_EQ(called.outcome, S_OK) << way.vt;
+  }
+  EXPECT_EQ(main->EnableGotoQuickBookmark(&yes), S_OK);
+  EXPECT_EQ(main->EnableGotoQuickBookmark(&no), S_OK);
+  EXPECT_EQ(flags, (std::vector<bool>{true, false, true, false, true, false, true, false}));
+  EXPECT_EQ(yes, VARIANT_TRUE);
+  EXPECT_EQ(no, VARIANT_FALSE);
+}
+
+// The library's own handler comes first; what a listener writes, the caller finds in its variable.
+TEST_F(Ribbon, AListenerThatWrites_IsHeardByTheCaller) {
+  const ComRef<_RibbonEvents> outside = RelayOutside();
+  ComRef<IConnectionPointContainer> container;
+  ComRef<IConnectionPoint> point;
+  ASSERT_EQ(outside->QueryInterface(IID_IConnectionPointContainer, container.PutVoid()), S_OK);
+  ASSERT_EQ(container->FindConnectionPoint(DIID___RibbonEvents, point.Put()), S_OK);
+  Sink sink(DIID___RibbonEvents);
+  sink.during = [](DISPID, DISPPARAMS& parameters) {
+    ::SysReAllocString(parameters.rgvarg[0].pbstrVal, L"Written");
+    return S_OK;
+  };
+  DWORD cookie = 0;
+  ASSERT_EQ(point->Advise(&sink, &cookie), S_OK);
+  Bstr command(L"InsertReference");
+  EXPECT_EQ(outside->run(command.Place()), S_OK);
+  EXPECT_EQ(product.commands, std::vector<std::string>{"InsertReference"});
+  EXPECT_EQ(command.Text(), L"Written");
   EXPECT_EQ(point->Unadvise(cookie), S_OK);
 }
 

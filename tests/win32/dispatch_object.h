@@ -1,6 +1,7 @@
 #pragma once
 
 #include <functional>
+#include <new>
 #include <string>
 #include <vector>
 
@@ -23,6 +24,8 @@ struct ObjectPlan {
   DISPID offset = 0;              // added to the type's identifiers
   Answer answer = [](int, VARIANT&, EXCEPINFO&) { return S_OK; };
 
+  std::function<void(DISPPARAMS& parameters)> touch;  // what it does to its arguments, the last of them first
+
   int namesAsked = 0;
   std::vector<int> flags;  // of each call
   std::vector<DISPID> called;
@@ -31,6 +34,14 @@ struct ObjectPlan {
 class PlannedObject final : public IDispatchEx, public ISupportErrorInfo {
  public:
   explicit PlannedObject(ObjectPlan& plan) : mPlan(plan), mSecond(*this) {}
+
+  // It lies as high as the program's memory goes, where the highest bit of a pointer may be set.
+  static void* operator new(std::size_t size) {
+    void* const memory = ::VirtualAlloc(nullptr, size, MEM_RESERVE | MEM_COMMIT | MEM_TOP_DOWN, PAGE_READWRITE);
+    if (!memory) throw std::bad_alloc();
+    return memory;
+  }
+  static void operator delete(void* memory) { ::VirtualFree(memory, 0, MEM_RELEASE); }
 
   // Another door to the same object.
   IDispatch* Second() { return &mSecond; }
@@ -75,8 +86,9 @@ class PlannedObject final : public IDispatchEx, public ISupportErrorInfo {
     ids[0] = Find(names[0]);
     return ids[0] == DISPID_UNKNOWN || count > 1 ? DISP_E_UNKNOWNNAME : S_OK;
   }
-  STDMETHODIMP Invoke(DISPID id, REFIID, LCID, WORD flags, DISPPARAMS*, VARIANT* result, EXCEPINFO* exception,
-                      UINT*) override {
+  STDMETHODIMP Invoke(DISPID id, REFIID, LCID, WORD flags, DISPPARAMS* parameters, VARIANT* result,
+                      EXCEPINFO* exception, UINT*) override {
+    if (mPlan.touch) mPlan.touch(*parameters);
     mPlan.flags.push_back(flags);
     mPlan.called.push_back(id);
     VARIANT none;

@@ -155,4 +155,21 @@ TEST(DoEvents, TheQuitMessage_IsStillThereAfterwards) {
   EXPECT_NE(platform::Windows().GetMessageA(message), 0);
 }
 
+TEST(DoEvents, UntilNextBesideAQuitMessage_WaitsAndDoesntSpin) {
+  Stage stage;
+  TestWindow window;
+  platform::Windows().DoEvents();
+  throwingTicks = 0;
+  platform::Windows().SetTimer(window.Hwnd(), 77, 50, &ThrowingTick);
+  ::PostQuitMessage(7);
+  int rounds = 0;
+  for (; throwingTicks == 0; ++rounds) platform::Windows().DoEventsUntilNext();
+  EXPECT_LE(rounds, 5);
+  platform::Windows().KillTimer(window.Hwnd(), 77);
+  Message message;
+  EXPECT_EQ(platform::Windows().GetMessageA(message), 0);
+  EXPECT_EQ(message.message, wm::kQuit);
+  EXPECT_EQ(message.wParam, 7);
+}
+
 }  // namespace strandline::win32test

@@ -39,14 +39,37 @@ class Section {
 
 Long boxAnswer = 0;
 String boxTitle;
+Long boxOwner = 0;
+Long boxWitness = 0;  // a window of which to note
+bool isWitnessEnabled = false;
 void OnBoxTimer(Long hwnd, Long, Long id, Long) {
   const String dialogClass = u"#32770";
   const Long box = platform::Windows().FindWindowA(&dialogClass, nullptr);
   if (box == 0) return;
   platform::Windows().KillTimer(hwnd, id);
   boxTitle = platform::Windows().GetWindowTextA(box, 256);
+  boxOwner = win32::ToNumber(::GetWindow(win32::ToHandle<HWND>(box), GW_OWNER));
+  isWitnessEnabled = ::IsWindowEnabled(win32::ToHandle<HWND>(boxWitness));
   constexpr Long kCommand = 273;
   platform::Windows().SendMessageA(box, kCommand, boxAnswer, 0);
+}
+
+void ShowBox(const String* title) {
+  boxAnswer = msgbox::kAnswerOk;
+  boxTitle = {};
+  boxOwner = -1;
+  const Long timer = platform::Windows().SetTimer(0, 0, 10, &OnBoxTimer);
+  ASSERT_NE(timer, 0);
+  EXPECT_EQ(platform::RunTime().MsgBox(u"Well?", msgbox::kOk, title), msgbox::kAnswerOk);
+}
+
+// As when another program is at the front; false where that can't be.
+bool Deactivate(const TestWindow& window, bool shown) {
+  const HWND hwnd = win32::ToHandle<HWND>(window.Hwnd());
+  ::ShowWindow(hwnd, SW_HIDE);
+  ::SetActiveWindow(nullptr);
+  if (shown) ::ShowWindow(hwnd, SW_SHOWNA);
+  return ::GetActiveWindow() == nullptr;
 }
 
 Long NumberOfError(const Object& object, Name member) {
@@ -182,6 +205,48 @@ TEST(MsgBox, GivesTheUsersAnswer) {
     EXPECT_EQ(platform::RunTime().MsgBox(u"Well?", msgbox::kYesNoCancel | msgbox::kExclamation, c.title), c.answer);
     EXPECT_EQ(boxTitle, c.shown);
   }
+}
+
+TEST(MsgBox, WithoutAnActiveWindow_BelongsToTheHostsOwn) {
+  Stage stage;
+  TestWindow hidden(u"Hidden");
+  ASSERT_TRUE(Deactivate(hidden, false));
+  TestWindow window(u"The host");
+  ASSERT_TRUE(Deactivate(window, true));
+  boxWitness = window.Hwnd();
+  ShowBox(nullptr);
+  EXPECT_EQ(boxOwner, window.Hwnd());
+  EXPECT_EQ(boxTitle, u"The host");
+  EXPECT_FALSE(isWitnessEnabled);
+}
+
+TEST(MsgBox, OverADialogThatKeepsTheHostWaiting_BelongsToThat) {
+  Stage stage;
+  TestWindow window(u"The host");
+  const HWND host = win32::ToHandle<HWND>(window.Hwnd());
+  const HWND dialog = ::CreateWindowExW(0, L"STATIC", L"A dialog", WS_POPUP | WS_VISIBLE, 0, 0, 9, 9, host, nullptr,
+                                        ::GetModuleHandleW(nullptr), nullptr);
+  ::SetActiveWindow(dialog);
+  ::EnableWindow(host, FALSE);
+  ::SetActiveWindow(nullptr);
+  ASSERT_EQ(::GetActiveWindow(), nullptr);
+  ShowBox(nullptr);
+  EXPECT_EQ(boxOwner, win32::ToNumber(dialog));
+  EXPECT_EQ(boxTitle, u"A dialog");
+  ::DestroyWindow(dialog);
+}
+
+TEST(MsgBox, WithoutAnyWindow_StillKeepsTheThreadsWindowsFromTheUser) {
+  Stage stage;
+  TestWindow window(u"Hidden");
+  ASSERT_TRUE(Deactivate(window, false));
+  boxWitness = window.Hwnd();
+  const String title = u"A box";
+  ShowBox(&title);
+  EXPECT_EQ(boxOwner, 0);
+  EXPECT_EQ(boxTitle, u"A box");
+  EXPECT_FALSE(isWitnessEnabled);
+  EXPECT_TRUE(::IsWindowEnabled(win32::ToHandle<HWND>(window.Hwnd())));
 }
 
 }  // namespace strandline::win32test

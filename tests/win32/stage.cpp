@@ -30,7 +30,7 @@ LRESULT CALLBACK OwnProcedure(HWND hwnd, UINT message, WPARAM wParam, LPARAM lPa
     TestWindow::reached.push_back(static_cast<Long>(message));
     TestWindow::lastWParam = wParam;
     TestWindow::lastLParam = lParam;
-    return static_cast<LRESULT>(message) + 1000;
+    return static_cast<LRESULT>(message) + 1000 + TestWindow::added;
   }
   if (message == WM_PAINT) ++TestWindow::paints;
   return kWide ? ::DefWindowProcW(hwnd, message, wParam, lParam) : ::DefWindowProcA(hwnd, message, wParam, lParam);
@@ -40,6 +40,7 @@ LRESULT CALLBACK OwnProcedure(HWND hwnd, UINT message, WPARAM wParam, LPARAM lPa
 
 TestWindow::TestWindow(const char16_t* title, bool wide) : mWide(wide) {
   reached.clear();
+  added = 0;
   const HINSTANCE instance = ::GetModuleHandleW(nullptr);
   HWND hwnd = nullptr;
   if (wide) {

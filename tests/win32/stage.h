@@ -45,6 +45,8 @@ class TestWindow {
   // The parameters of the last of these messages, whole.
   static inline std::uintptr_t lastWParam = 0;
   static inline std::intptr_t lastLParam = 0;
+  // Added to its answers to them.
+  static inline std::intptr_t added = 0;
 
  private:
   Long mHwnd = 0;

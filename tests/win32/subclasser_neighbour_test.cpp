@@ -14,15 +14,16 @@ namespace {
 // Another program, which puts a procedure of its own over what the window has, or a hook on the system's chain.
 class Neighbour {
  public:
-  enum class Way { kProcedure, kChain };
+  enum class Way { kProcedure, kChain, kSwallowing };  // of the last, a procedure that lets nothing unknown through
 
   Neighbour(const TestWindow& window, Way way) : mWindow(win32::ToHandle<HWND>(window.Hwnd())), mWay(way) {
     seen = 0;
-    if (way == Way::kProcedure) {
+    swallows = way == Way::kSwallowing;
+    if (way == Way::kChain) {
+      win32::ComctlHooks::Get().set(mWindow, &Neighbour::OnChain, 1, 0);
+    } else {
       below = reinterpret_cast<WNDPROC>(
           ::SetWindowLongPtrW(mWindow, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&Neighbour::OnMessage)));
-    } else {
-      win32::ComctlHooks::Get().set(mWindow, &Neighbour::OnChain, 1, 0);
     }
   }
   ~Neighbour() { Leave(); }
@@ -43,6 +44,7 @@ class Neighbour {
  private:
   static LRESULT CALLBACK OnMessage(HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam) {
     seen += message == kFirst;
+    if (swallows && message >= kFirstRegistered) return 0;
     return ::CallWindowProcW(below, hwnd, message, wParam, lParam);
   }
   static LRESULT CALLBACK OnChain(HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR, DWORD_PTR) {
@@ -50,7 +52,10 @@ class Neighbour {
     return win32::ComctlHooks::Get().passOn(hwnd, message, wParam, lParam);
   }
 
+  static constexpr UINT kFirstRegistered = 0xC000;
+
   static inline WNDPROC below = nullptr;
+  static inline bool swallows = false;
   HWND mWindow;
   Way mWay;
 };
@@ -133,6 +138,66 @@ TEST(Subclasser, DroppedInItsEventUnderANeighbour_TheMessageStillReachesTheWindo
     Send(window, kSecond);
     EXPECT_TRUE(window.HasOwnProcedure());
   }
+}
+
+TEST(Subclasser, PutOnUnderANeighbourThatThenGoes_LeavesLikeAnyOther) {
+  for (const bool wide : {true, false}) {
+    Stage stage;
+    TestWindow window(u"Smoke", wide);
+    const Long before = win32::LiveHooks();
+    Sink sink([](Long, Long, Long, Long&, Boolean&) {});
+    Ref<Subclasser> first = Hooked(sink, window.Hwnd());
+    Neighbour neighbour(window, Neighbour::Way::kProcedure);
+    first = nullptr;
+    EXPECT_EQ(win32::LiveHooks(), before + 1);
+    Ref<Subclasser> second = Hooked(sink, window.Hwnd());
+    neighbour.Leave();
+    second = nullptr;
+    EXPECT_EQ(win32::LiveHooks(), before + 1);  // the first goes with the next message
+    EXPECT_EQ(Send(window, kFirst), kFirst + 1000);
+    EXPECT_EQ(win32::LiveHooks(), before);
+    EXPECT_TRUE(window.HasOwnProcedure());
+  }
+}
+
+TEST(Subclasser, PutOnAChainOfAnothersUnderANeighbour_LeavesWhenBothHaveGone) {
+  for (const bool hookGoesFirst : {false, true}) {
+    Stage stage;
+    TestWindow window;
+    const Long before = win32::LiveHooks();
+    Sink sink([](Long, Long, Long, Long&, Boolean&) {});
+    Neighbour onChain(window, Neighbour::Way::kChain);
+    Neighbour onTop(window, Neighbour::Way::kProcedure);
+    Ref<Subclasser> hook = Hooked(sink, window.Hwnd());
+    onChain.Leave();
+    if (hookGoesFirst) hook = nullptr;
+    EXPECT_EQ(win32::LiveHooks(), before + 1);
+    onTop.Leave();
+    hook = nullptr;
+    EXPECT_EQ(Send(window, kFirst), kFirst + 1000);
+    EXPECT_EQ(win32::LiveHooks(), before);
+    EXPECT_TRUE(window.HasOwnProcedure());
+  }
+}
+
+TEST(Subclasser, ANeighbourThatSwallowsUnknownMessages_DoesntKeepCallPreviousProcFromTheWindow) {
+  Stage stage;
+  TestWindow window;
+  Ref<Subclasser> hook;
+  Long own = 0;
+  Sink sink([&](Long message, Long wParam, Long lParam, Long& answer, Boolean& cancel) {
+    if (message != kFirst) return;
+    own = hook->CallPreviousProc(message, wParam, lParam);
+    answer = own + 1;
+    cancel = true;
+  });
+  hook = Hooked(sink, window.Hwnd());
+  const Neighbour neighbour(window, Neighbour::Way::kSwallowing);
+  EXPECT_EQ(Send(window, kFirst), kFirst + 1001);
+  EXPECT_EQ(own, kFirst + 1000);
+  EXPECT_EQ(TestWindow::reached.size(), 1u);
+  EXPECT_EQ(hook->CallPreviousProc(kFirst, 1, 2), 0);  // there is no way to the window from outside its messages
+  EXPECT_EQ(Send(window, kSecond), kSecond + 1000);
 }
 
 }  // namespace strandline::win32test

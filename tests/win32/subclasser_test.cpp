@@ -218,31 +218,6 @@ TEST(Subclasser, CallPreviousProcWithOtherValues_DeliversThose) {
   EXPECT_EQ(TestWindow::lastLParam, 6);
 }
 
-TEST(Subclasser, ParametersOfFullWidth_ReachTheWindowWhole) {
-  Stage stage;
-  TestWindow window;
-  const auto wide = static_cast<std::uintptr_t>(0x1122334455667788ULL);
-  const auto narrow = static_cast<Long>(0x55667788);
-  bool callsPrevious = false;
-  Ref<Subclasser> hook;
-  Sink sink([&](Long message, Long wParam, Long lParam, Long&, Boolean& cancel) {
-    if (message != kFirst) return;
-    EXPECT_EQ(wParam, narrow);
-    EXPECT_EQ(lParam, -1);
-    cancel = callsPrevious;
-    if (callsPrevious) hook->CallPreviousProc(message, wParam, lParam);
-  });
-  hook = Hooked(sink, window.Hwnd());
-  const HWND hwnd = win32::ToHandle<HWND>(window.Hwnd());
-  for (const bool calls : {false, true}) {
-    callsPrevious = calls;
-    TestWindow::lastWParam = 0;
-    ::SendMessageW(hwnd, static_cast<UINT>(kFirst), wide, -1);
-    EXPECT_EQ(TestWindow::lastWParam, wide);
-    EXPECT_EQ(TestWindow::lastLParam, -1);
-  }
-}
-
 TEST(Subclasser, WhatASinkThrows_DoesntLeaveTheHook) {
   Stage stage;
   TestWindow window;

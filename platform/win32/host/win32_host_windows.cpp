@@ -4,6 +4,7 @@
 #include <map>
 #include <vector>
 
+#include "platform/win32/host/win32_host_mouse.h"
 #include "platform/win32/windows_api.h"
 
 namespace strandline::win32 {
@@ -201,13 +202,7 @@ Long Win32HostWindows::DefaultProcedure(Long hwnd, Long message, Long wParam, Lo
   return static_cast<Long>(::DefWindowProcW(ToHwnd(hwnd), wide.message, wide.wParam, wide.lParam));
 }
 
-// The system tells of each move of the pointer as input; here it is taken out again. What was posted stays.
-void Win32HostWindows::PlacePointer(Point screen) {
-  ::SetCursorPos(screen.x, screen.y);
-  MSG move;
-  while (::PeekMessageW(&move, nullptr, WM_MOUSEMOVE, WM_MOUSEMOVE, PM_REMOVE | PM_QS_INPUT)) {
-  }
-}
+void Win32HostWindows::PlacePointer(Point screen) { PlacePointerQuietly(screen); }
 
 void Win32HostWindows::CoverScreen(bool covered) {
   if (covered) {
