@@ -7,7 +7,7 @@
 // well. The window that has it open may open it again, and closes it once. Its data are memory blocks (pictures.h), of
 // the format kBitmap a bitmap. Data on demand isn't in: what is put there is there at once.
 
-#include "platform/error.h"
+#include "platform/picture.h"
 #include "platform/text.h"
 #include "platform/values.h"
 
@@ -26,6 +26,7 @@ inline constexpr Long kLast = 0xFFFF;
 }  // namespace clipboardformat
 
 namespace errors {
+inline constexpr Long kInvalidPicture = 481;
 inline constexpr Long kCannotOpenClipboard = 521;
 }  // namespace errors
 
@@ -62,12 +63,15 @@ class Clipboard {
   virtual Long DragQueryFileA(Long drop, Long index, Long limit, String& name) = 0;
 
   // The run time's own clipboard object, which opens and closes by itself. It stands here and not with the run time
-  // since it is refused by the same opening: both raise 521 while anybody has the clipboard open. The format is kText
-  // or kUnicodeText; others raise 5.
+  // since it is refused by the same opening: all raise 521 while anybody has the clipboard open. The format is kText or
+  // kUnicodeText; others raise 5.
   virtual String GetText(Long format) = 0;                    // empty when there is none
   virtual void SetText(const String& text, Long format) = 0;  // in place of everything
+  // A copy of the picture's bitmap in place of everything. Raises 91 for Nothing, 481 for a picture without a bitmap.
+  virtual void SetPicture(const Picture& picture) = 0;
 };
 
 [[noreturn]] inline void RaiseCannotOpenClipboard() { Raise(errors::kCannotOpenClipboard, u"Can't open Clipboard"); }
+[[noreturn]] inline void RaiseInvalidPicture() { Raise(errors::kInvalidPicture, u"Invalid picture"); }
 
 }  // namespace strandline

@@ -1,7 +1,7 @@
 #pragma once
 
-// What the process, its user and its screen tell: the command line, the settings store, the clock, message boxes, and
-// the objects by which a report shows the run time's own state.
+// What the process, its user and its screen tell: the command line, the settings store, the clock, message boxes, the
+// code page, and the objects by which a report shows the run time's own state.
 
 #include "platform/variant.h"
 
@@ -30,6 +30,11 @@ class RunTime {
   // Of the screen; 15 at 96 dots per inch.
   virtual Double TwipsPerPixelX() = 0;
   virtual Double TwipsPerPixelY() = 0;
+
+  // Between texts and bytes in the default code page, NULs as they are. A byte or character that the other side lacks
+  // becomes one that says so, a question mark among the bytes. The array is from 0; of no text, sized and empty.
+  virtual String TextFromBytes(const Array<Byte>& bytes) = 0;
+  virtual Array<Byte> BytesFromText(const String& text) = 0;
 
   // For a report: the application, the error at hand, the screen, the printer; Nothing for what doesn't exist.
   virtual Object ApplicationObject() = 0;

@@ -238,9 +238,13 @@ Long DeskClipboard::DragQueryFileA(Long drop, Long index, Long limit, String& na
 
 // ---- The run time's own object.
 
+void DeskClipboard::RequireFree() const {
+  if (mOpener || mHeldByAnother) RaiseCannotOpenClipboard();
+}
+
 void DeskClipboard::RequireFreeFor(Long format) const {
   if (format != kText && format != kUnicodeText) Raise(errors::kInvalidArgument);
-  if (mOpener || mHeldByAnother) RaiseCannotOpenClipboard();
+  RequireFree();
 }
 
 String DeskClipboard::GetText(Long format) {
@@ -254,6 +258,15 @@ void DeskClipboard::SetText(const String& text, Long format) {
   EmptyNow();
   Cleared(format).bytes = EncodeText(format, text);
   AddTextFormats();
+}
+
+void DeskClipboard::SetPicture(const Picture& picture) {
+  const Bitmap* const bitmap = mObjects->Use<Bitmap>(Required(picture).Handle(), "SetPicture");
+  if (!bitmap) RaiseInvalidPicture();
+  RequireFree();
+  Surface copy = bitmap->surface;  // before the emptying, with which the bitmap may go
+  EmptyNow();
+  Cleared(kBitmap).picture = std::move(copy);
 }
 
 // ---- Other programs.

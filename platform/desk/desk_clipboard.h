@@ -67,6 +67,7 @@ class DeskClipboard final : public Clipboard {
   Long DragQueryFileA(Long drop, Long index, Long limit, String& name) override;
   String GetText(Long format) override;
   void SetText(const String& text, Long format) override;
+  void SetPicture(const Picture& picture) override;
 
  private:
   struct Entry {
@@ -90,6 +91,7 @@ class DeskClipboard final : public Clipboard {
   void EmptyNow();
   void AddTextFormats();
   void RemoveTexts();
+  void RequireFree() const;
   void RequireFreeFor(Long format) const;
   String FormatName(Long format);
 

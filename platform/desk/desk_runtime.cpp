@@ -1,8 +1,11 @@
 #include "platform/desk/desk_runtime.h"
 
+#include <algorithm>
 #include <chrono>
 #include <cmath>
 
+#include "platform/clipboard.h"
+#include "platform/desk/desk_clipboard_text.h"
 #include "platform/property_bag.h"
 
 namespace strandline::desk {
@@ -75,6 +78,26 @@ void DeskRunTime::SetDpi(Long dpi) {
 }
 
 Double DeskRunTime::TwipsPerPixelX() { return kTwipsOfAnInch / mDpi; }
+
+// The clipboard's plain text is in the same set, but ends with a NUL.
+String DeskRunTime::TextFromBytes(const Array<Byte>& bytes) {
+  std::u16string text;
+  for (std::span<const Byte> rest = bytes.Elements(); !rest.empty();) {
+    const auto end = static_cast<std::size_t>(std::ranges::find(rest, Byte{0}) - rest.begin());
+    text += DecodeText(clipboardformat::kText, rest.first(end));
+    if (end == rest.size()) break;
+    text += u'\0';
+    rest = rest.subspan(end + 1);
+  }
+  return text;
+}
+
+Array<Byte> DeskRunTime::BytesFromText(const String& text) {
+  const std::vector<Byte> ended = EncodeText(clipboardformat::kText, text);
+  Array<Byte> bytes(0, static_cast<Long>(ended.size()) - 2);
+  std::copy(ended.begin(), ended.end() - 1, bytes.Data());
+  return bytes;
+}
 
 Object DeskRunTime::ApplicationObject() {
   if (mApplication.IsNothing()) {

@@ -41,6 +41,9 @@ class DeskRunTime final : public RunTime {
   Long MsgBox(const String& text, Long style, const String* title) override;
   Double TwipsPerPixelX() override;
   Double TwipsPerPixelY() override { return TwipsPerPixelX(); }
+  // The code page is 1252.
+  String TextFromBytes(const Array<Byte>& bytes) override;
+  Array<Byte> BytesFromText(const String& text) override;
 
   Object ApplicationObject() override;
   Object ErrorObject(const Error& error) override;

@@ -4,7 +4,7 @@
 #include <functional>
 #include <string>
 
-#include "tests/contract/contract.h"
+#include "tests/contract/surface.h"
 
 namespace strandline::contract {
 namespace {
@@ -399,6 +399,91 @@ TEST_F(ClipboardContract, OwnObject_IsRefusedWhileItIsOpen) {
   EXPECT_EQ(ErrorOf([this] { clipboard.GetText(kOemText); }), errors::kInvalidArgument);
   EXPECT_EQ(ErrorOf([this] { clipboard.SetText(u"x", kBitmap); }), errors::kInvalidArgument);
   EXPECT_EQ(clipboard.CountClipboardFormats(), 0);
+}
+
+// ---- A picture, by the run time's own object.
+
+class ClipboardPictureContract : public ClipboardContract {
+ protected:
+  // Of 3 by 2 pixels, each of its own colour; owns its bitmap.
+  Picture MakePicture() {
+    Surface surface(3, 2);
+    surface.FillWith(ColorAt);
+    const Long hdc = graphics.CreateCompatibleDC(0);
+    const Long bitmap = graphics.CreateBitmap(3, 2, 1, 32);
+    const Long former = graphics.SelectObject(hdc, bitmap);
+    graphics.BitBlt(hdc, 0, 0, 3, 2, surface.Hdc(), 0, 0, rop::kSrcCopy);
+    graphics.SelectObject(hdc, former);
+    graphics.DeleteDC(hdc);
+    return PictureOf(bitmap, true);
+  }
+  Picture PictureOf(Long bitmap, bool own) {
+    Guid id;
+    Picture picture;
+    EXPECT_EQ(pictures.CLSIDFromString(u"{7BF80980-BF32-101A-8BBB-00AA00300CAB}", id), 0);
+    EXPECT_EQ(pictures.OleCreatePictureIndirect({20, 1, bitmap, 0, 0}, id, own, picture), 0);
+    return picture;
+  }
+  static Long ColorAt(Long x, Long y) { return x * 0x40 | y * 0x8000 | 0x200000; }
+  // How many pixels of the bitmap differ from the picture's; the clipboard has to be open where it is its own.
+  int WrongPixels(Long bitmap) {
+    const Long hdc = graphics.CreateCompatibleDC(0);
+    const Long former = graphics.SelectObject(hdc, bitmap);
+    int wrong = former == 0;
+    for (Long y = 0; y < 2; ++y) {
+      for (Long x = 0; x < 3; ++x) wrong += graphics.GetPixel(hdc, x, y) != ColorAt(x, y);
+    }
+    graphics.SelectObject(hdc, former);
+    graphics.DeleteDC(hdc);
+    return wrong;
+  }
+};
+
+TEST_F(ClipboardPictureContract, IsThereInPlaceOfEverything_AsACopy) {
+  Put(clipboard.RegisterClipboardFormatA(u"Rich Text Format"), {'{', '}', 0});
+  Picture picture = MakePicture();
+  const Long window = MakeWindow();
+  clipboard.SetPicture(picture);
+  EXPECT_EQ(WrongPixels(picture->Handle()), 0) << "still the picture's";
+  picture = nullptr;
+  EXPECT_NE(clipboard.IsClipboardFormatAvailable(kBitmap), 0);
+  EXPECT_EQ(clipboard.IsClipboardFormatAvailable(clipboard.RegisterClipboardFormatA(u"Rich Text Format")), 0);
+  EXPECT_EQ(clipboard.CloseClipboard(), 0) << "it closes by itself";
+  ASSERT_TRUE(Until([&] { return clipboard.OpenClipboard(window) != 0; }));
+  const Long bitmap = clipboard.GetClipboardData(kBitmap);
+  EXPECT_NE(bitmap, 0);
+  EXPECT_EQ(WrongPixels(bitmap), 0);
+}
+
+TEST_F(ClipboardPictureContract, WhileItIsOpen_IsRefused) {
+  const Picture picture = MakePicture();
+  for (const Long window : {Long{0}, MakeWindow()}) {
+    Put(kText, {'a', 0});
+    ASSERT_TRUE(Until([&] { return clipboard.OpenClipboard(window) != 0; }));
+    EXPECT_EQ(ErrorOf([&] { clipboard.SetPicture(picture); }), errors::kCannotOpenClipboard);
+    EXPECT_NE(clipboard.CloseClipboard(), 0);
+    EXPECT_EQ(clipboard.GetText(kText), u"a");
+  }
+}
+
+TEST_F(ClipboardPictureContract, OfNothingOrWithoutABitmap_IsRefusedAndLeavesWhatIsThere) {
+  Put(kText, {'a', 0});
+  EXPECT_EQ(ErrorOf([&] { clipboard.SetPicture(nullptr); }), errors::kObjectNotSet);
+  const Picture picture = MakePicture();
+  EXPECT_NE(graphics.DeleteObject(picture->Handle()), 0);
+  EXPECT_EQ(ErrorOf([&] { clipboard.SetPicture(picture); }), errors::kInvalidPicture);
+  EXPECT_EQ(clipboard.GetText(kText), u"a");
+}
+
+// What is read from the clipboard may be put there again.
+TEST_F(ClipboardPictureContract, OfTheClipboardsOwnBitmap_StaysThere) {
+  clipboard.SetPicture(MakePicture());
+  ASSERT_TRUE(OpenByNobody());
+  const Picture lent = PictureOf(clipboard.GetClipboardData(kBitmap), false);
+  EXPECT_NE(clipboard.CloseClipboard(), 0);
+  clipboard.SetPicture(lent);
+  ASSERT_TRUE(OpenByNobody());
+  EXPECT_EQ(WrongPixels(clipboard.GetClipboardData(kBitmap)), 0);
 }
 
 }  // namespace
