@@ -51,11 +51,32 @@ class Buttons final : public ClassObject, public AdStrip {
   Boolean HandleMouseMove(Boolean lbuttonDown, Long x, Long y, Boolean hasChangedParentWindows);
   // True: the message is the strip's.
   Boolean HandleButtonDown(Long x, Long y);
+  // True: the message is the strip's. Runs the command under the cell, which can run messages: a second click inside
+  // the first is swallowed.
   Boolean HandleButtonUp();
   // hdc 0: a context of the window is taken and let go; the caller's variable is written.
   void removeButtonHighlighting(Long& hdc);
+  // isMsgAdvert: a tick of the ad panel; else one that asks whether the mouse has left.
   void TimerTick(Boolean isMsgAdvert);
+  Boolean MouseLeftToolbar();
+  void HandleMouseLeftToolbar();
+  void HandleMenuDrop();
+  // To the middle of cell 2.
+  void PositionCursorOverNewButton();
+
+  // --- where a point lies ---
+
+  // True, else empty. useMargins: within the union of the cells less a band of 7 pixels.
+  Variant inToolbarClientArea(Long x, Long y, Boolean useMargins);
+  // 0: on no cell.
+  Integer HighlightedButtonIndex(Integer x, Integer y);
+  Boolean inCtrl(Integer index, Integer x, Integer y);
+  // The Lumivex cell while the feature is on.
   Boolean stickyButton(Integer index);
+
+  // --- the ad panel; without one nothing happens ---
+
+  // The bar has a new window.
   void SwitchListener(Long hWnd);
   void ClickOnAd();
   void ValueChanged(const Array<Boolean>& ads);
@@ -72,6 +93,8 @@ class Buttons final : public ClassObject, public AdStrip {
   Boolean PrepareFrame(Frame& procedure, Long activeDocHwnd, Long hdc, Boolean updateRects, Boolean forceRepaint,
                        Boolean& isReady);
   Boolean PaintAdPicture(Frame& procedure, Long destHdc, Boolean forceEraseBackground, Boolean& isPainted);
+  // A statement of HandleMouseMove and HandleButtonUp.
+  Boolean ShowTooltip(Frame& procedure, Integer index);
 
   FixedArray<ButtonRect, 0, 15> mButtons;  // cell `index` is element index - 1
   Ref<Painter> mPainter;
@@ -80,9 +103,9 @@ class Buttons final : public ClassObject, public AdStrip {
   Ref<Menu> mMenu;
   Ref<Advertisements> mAdvert;  // Nothing when the strip has no ad panel
   Long mHwnd = 0;               // the bar's window
-  Integer mLastUpIndex = 0;
-  Rect mBoundingRect;  // the union of the cells that aren't dropped
-  Boolean mIsHandling = false;
+  Integer mLastUpIndex = 0;     // the cell of the last click, which shows no tooltip until the mouse has been elsewhere
+  Rect mBoundingRect;           // the union of the cells that aren't dropped
+  Boolean mIsHandling = false;  // a click is being handled
   Long mLumivexButtonState = 0;  // 0 until first set, 1 on, 2 off
 };
 

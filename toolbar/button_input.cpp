@@ -1,8 +1,14 @@
-// How the strip answers the mouse and the ad panel's timer. What follows the pointer from cell to cell, and the click,
-// aren't built yet: the strip then takes no mouse message for itself.
+// How the strip answers the mouse. Word never sees it there: the strip shows hover and press itself, and a click
+// reaches the control underneath by being executed. The window tells of no leaving, so timers ask whether the mouse is
+// still there.
 
+#include "drawing/ToolbarUtilities.h"
+#include "foundation/CommonLogger.h"
+#include "platform/convert.h"
 #include "platform/platform.h"
 #include "toolbar/Buttons.h"
+#include "wordaccess/CommonPropertyFunctions.h"
+#include "wordaccess/CommonWordWindowFunctions.h"
 
 namespace strandline {
 
@@ -10,25 +16,117 @@ namespace {
 
 constexpr ModuleInfo kModuleInfo{u"Buttons", nullptr};
 constexpr ModuleFile kModule{&kModuleInfo, 2000};
+
+constexpr Integer kMenuCell = 1;
 constexpr Integer kLumivexCell = 14;
+constexpr Long kLookRaised = 0;
+constexpr Long kLookSunken = 1;
 constexpr Long kLookPlain = 2;
-constexpr Long kLumivexOn = 1;
+
+void ExecuteControl(Integer index) {
+  ToolbarUtilities::CommandBar().Get("Controls").ToObject().Get("Item", index).ToObject().Call("Execute");
+}
 
 }  // namespace
 
 Boolean Buttons::HandleMouseMove(Boolean lbuttonDown, Long x, Long y, Boolean hasChangedParentWindows) {
   METHOD(Boolean, u"HandleMouseMove", lbuttonDown, x, y, hasChangedParentWindows);
+  Integer newHighlightedButton = 0;
+  Integer oldHighlightIndex = 0;
+  Long hdc = 0;
+  REPORTS(newHighlightedButton, oldHighlightIndex, hdc);
+  if (hasChangedParentWindows) {
+    Log(u"hasChangedParentWindows: exiting");
+    HandleMouseLeftToolbar();
+    return here.result = false;
+  }
+  if (!inToolbarClientArea(x, y, true).ToBoolean()) {
+    Log(u"not inToolbarClientArea: exiting");
+    HandleMouseLeftToolbar();
+    return here.result = false;
+  }
+  here.result = true;
+  STEP(newHighlightedButton = HighlightedButtonIndex(ToInteger(x), ToInteger(y)));
+  if (newHighlightedButton == mHighlightedButton) return here.Leave();
+  if (newHighlightedButton != mLastUpIndex) {
+    mLastUpIndex = 0;
+    RUN(ShowTooltip(here, newHighlightedButton));
+  }
+  hdc = platform::Graphics().GetDC(mHwnd);
+  oldHighlightIndex = mHighlightedButton;
+  mHighlightedButton = newHighlightedButton;
+  if (!stickyButton(oldHighlightIndex)) ToggleBorder(hdc, oldHighlightIndex, kLookPlain);
+  // A drag carries the sunken look from cell to cell; a move without the button doesn't end it.
+  if (lbuttonDown) mButtonState = kLookSunken;
+  if (!stickyButton(newHighlightedButton)) ToggleBorder(hdc, newHighlightedButton, mButtonState);
+  platform::Graphics().ReleaseDC(mHwnd, hdc);
   return here.Leave();
 }
 
 Boolean Buttons::HandleButtonDown(Long x, Long y) {
   METHOD(Boolean, u"HandleButtonDown", x, y);
+  Long hdc = 0;
+  REPORTS(hdc);
+  if (mIsHandling) return here.result = false;
+  if (!inToolbarClientArea(x, y, false).ToBoolean()) return here.result = false;
+  here.result = true;
+  mButtonState = kLookSunken;
+  if (stickyButton(mHighlightedButton)) return here.Leave();
+  hdc = platform::Graphics().GetDC(mHwnd);
+  ToggleBorder(hdc, mHighlightedButton, mButtonState);
+  // The menu opens when the button comes up; by then its captions are right.
+  if (mHighlightedButton == kMenuCell) STEP(Required(mMenu).ToggleFootnoteEndnoteUI());
+  platform::Graphics().ReleaseDC(mHwnd, hdc);
   return here.Leave();
 }
 
+// A command can let messages run, so that a second click arrives inside the first; that one is swallowed. What fails in
+// a command must not keep the strip from coming to rest. The Lumivex cell while it is on is the exception: there an
+// error is told, and where it ends the procedure, clicks stay swallowed.
 Boolean Buttons::HandleButtonUp() {
   METHOD(Boolean, u"HandleButtonUp");
+  if (mIsHandling) {
+    Log(u"HandleButtonUp IsHandling");
+    return here.result = true;
+  }
+  mIsHandling = true;
+  mLastUpIndex = mHighlightedButton;
+  if (mLastUpIndex == kMenuCell) {
+    here.IgnoreErrors();
+    if (here.Attempt([] { ExecuteControl(kMenuCell); })) {
+      HandleMenuDrop();
+    } else {
+      Frame::ClearError();
+    }
+  } else if (!stickyButton(mLastUpIndex)) {
+    here.IgnoreErrors();
+    // Before the command runs: a dialog opens over a clean strip.
+    Long hdc = 0;
+    removeButtonHighlighting(hdc);
+  }
+  here.result = mLastUpIndex != 0;
+  if (mLastUpIndex != 0 && mLastUpIndex != kMenuCell) STEP(ExecuteControl(mLastUpIndex));
+  // What ran meanwhile may have brought the mouse elsewhere, and then the cell is forgotten.
+  if (mLastUpIndex == kLumivexCell) {
+    if (!MouseLeftToolbar()) RUN(ShowTooltip(here, kLumivexCell));
+  } else {
+    STEP(CommonPropertyFunctions::tooltip().Call("Hide", Named{"forceHide", true}));
+  }
+  const Boolean hasLeft = MouseLeftToolbar();
+  if (hasLeft || mLastUpIndex == kMenuCell) HandleMouseLeftToolbar();
+  mIsHandling = false;
   return here.Leave();
+}
+
+// The button looks pressed while its menu is open.
+void Buttons::HandleMenuDrop() {
+  METHOD(void, u"HandleMenuDrop");
+  Long hdc = 0;
+  REPORTS(hdc);
+  STEP(Required(mMenu).Activate());
+  hdc = platform::Graphics().GetDC(mHwnd);
+  ToggleBorder(hdc, kMenuCell, kLookSunken);
+  platform::Graphics().ReleaseDC(mHwnd, hdc);
 }
 
 void Buttons::removeButtonHighlighting(Long& hdc) {
@@ -37,7 +135,7 @@ void Buttons::removeButtonHighlighting(Long& hdc) {
   REPORTS(oldHighlightIndex);
   oldHighlightIndex = mHighlightedButton;
   mHighlightedButton = 0;
-  mButtonState = 0;
+  mButtonState = kLookRaised;
   if (stickyButton(oldHighlightIndex)) return;
   if (hdc == 0) {
     hdc = platform::Graphics().GetDC(mHwnd);
@@ -48,37 +146,32 @@ void Buttons::removeButtonHighlighting(Long& hdc) {
   }
 }
 
+void Buttons::HandleMouseLeftToolbar() {
+  METHOD(void, u"HandleMouseLeftToolbar");
+  Long hdc = 0;
+  Log(u"HandleMouseLeftToolbar");
+  mLastUpIndex = 0;
+  removeButtonHighlighting(hdc);
+  STEP(CommonPropertyFunctions::tooltip().Call("Hide", Named{"forceHide", true}));
+}
+
 void Buttons::TimerTick(Boolean isMsgAdvert) {
   METHOD(void, u"TimerTick", isMsgAdvert);
-  if (isMsgAdvert && mAdvert) mAdvert->TimerTick(mHwnd, *this);
+  if (isMsgAdvert) {
+    if (mAdvert) mAdvert->TimerTick(mHwnd, *this);
+  } else if (MouseLeftToolbar()) {
+    HandleMouseLeftToolbar();
+  }
 }
 
-Boolean Buttons::stickyButton(Integer index) {
-  METHOD(Boolean, u"stickyButton", index);
-  return here.result = index == kLumivexCell && mLumivexButtonState == kLumivexOn;
-}
-
-// The cells aren't read again.
-void Buttons::SwitchListener(Long hWnd) {
-  METHOD(void, u"SwitchListener", hWnd);
-  mHwnd = hWnd;
-  if (mAdvert) mAdvert->SwitchListener(mHwnd);
-  PaintAd(true);
-}
-
-void Buttons::ClickOnAd() {
-  METHOD(void, u"ClickOnAd");
-  if (mAdvert) mAdvert->ClickOnAd();
-}
-
-void Buttons::ValueChanged(const Array<Boolean>& ads) {
-  METHOD(void, u"ValueChanged", ads);
-  if (mAdvert) mAdvert->ValueChanged(ads);
-}
-
-void Buttons::ReprimeTimerCycle() {
-  METHOD(void, u"ReprimeTimerCycle");
-  if (mAdvert) mAdvert->ReprimeTimerCycle(true);
+// Taken apart, so that object, window and text are asked for in this order.
+Boolean Buttons::ShowTooltip(Frame& procedure, Integer index) {
+  STRETCH(procedure);
+  STEP(const Object tooltip = CommonPropertyFunctions::tooltip();
+       const Long hwnd = CommonWordWindowFunctions::ActiveDocumentHandle();
+       const String text = ToolbarUtilities::tooltipText(index, false);
+       tooltip.Call("Show", hwnd, text, Named{"forceRedraw", true}, Named{"addBackground", false}));
+  return here.Done();
 }
 
 }  // namespace strandline

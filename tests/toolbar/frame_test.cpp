@@ -131,18 +131,22 @@ TEST_F(StripFrame, PaintAd_SaysItsFlag_AndPaintsTheCellThroughAContextOfItsOwn) 
   }
 }
 
-TEST_F(StripFrame, APaint_TakesAwayWhatTheWindowShowsBeyondTheFrame_AndNoMoveBringsItBack) {
+TEST_F(StripFrame, APaint_TakesAwayWhatTheWindowShowsBeyondTheFrame_AndNoMoveWithinTheCellBringsItBack) {
   BeginWithToolbar();
   const desk::Surface strip = world->Pixels(world->Bar());
-  const Long hdc = world->desk.Graphics().GetDC(world->Bar());
-  Strip().ToggleBorder(hdc, 5, 0);
-  world->desk.Graphics().ReleaseDC(world->Bar(), hdc);
+  const auto moveTo = [&](Long index, Long x) {
+    const Rect cell = world->word.CellPlace(index);
+    world->Send(wm::kMouseMove, 0, (cell.top + 12) * 65536 + cell.left + x);
+  };
+  moveTo(5, 9);
   EXPECT_FALSE(world->Pixels(world->Bar()) == strip);
   world->Send(wm::kPaint);
   EXPECT_TRUE(world->Pixels(world->Bar()) == strip);
-  const Rect cell = world->word.CellPlace(5);
-  world->Send(wm::kMouseMove, 0, (cell.top + 8) * 65536 + cell.left + 9);
+  moveTo(5, 12);
   EXPECT_TRUE(world->Pixels(world->Bar()) == strip);
+  // But that of another cell does come.
+  moveTo(6, 9);
+  EXPECT_FALSE(world->Pixels(world->Bar()) == strip);
 }
 
 TEST_F(StripFrame, APaint_ShowsTheFrameItself) {

@@ -34,34 +34,52 @@ struct MessageCase {
   Trace::Lines expected;
 };
 
+// The mouse rests on cell 5, and beside the strip where a row says so.
 TEST_F(HookTable, Hook_EachMessageOfTheTable_SaysAsksAndHandsOnItsOwnAndNothingElse) {
-  const Long at5And6 = 6 * 65536 + 5;
+  const Rect bar = world->RectOf(world->Bar());
+  const Rect cell = world->word.CellPlace(5);
+  const Point on{(cell.left + cell.right) / 2, (cell.top + cell.bottom) / 2};
+  world->desk.Host().PlacePointer({bar.left + on.x, bar.top + on.y});
+  const std::string place = std::to_string(on.x) + ", " + std::to_string(on.y);
+  const Long there = on.y * 65536 + on.x;
+  const std::string param = std::to_string(there);
   const std::string before = "log Before Paint of " + Hex(world->Top()) + ", processCount = ";
   const MessageCase cases[] = {
       {"WM_PAINT", 15, 0, 0, {before + "0", "Buttons.HandlePaint(top 1, False)"}},
-      {"WM_NCMOUSEMOVE", 160, 2, at5And6, {"Buttons.removeButtonHighlighting(0)", "word gets 160(2, 393221)"}},
+      {"WM_NCMOUSEMOVE", 160, 2, there, {"Buttons.removeButtonHighlighting(0)", "word gets 160(2, " + param + ")"}},
       {"WM_TIMER of the ads", 275, 4096, 0, {"Buttons.TimerTick(True)"}},
       {"WM_TIMER 0", 275, 0, 0, {"word gets 275(0, 0)"}},
       {"WM_TIMER of any other number", 275, 65537, 0, {"KillTimer(bar 1, 65537)", "Buttons.TimerTick(False)"}},
-      {"WM_MOUSEMOVE", 512, 0, at5And6, {"log HandleMouseMove", "Buttons.HandleMouseMove(False, 5, 6, False)"}},
-      {"WM_LBUTTONDOWN",
+      {"WM_LBUTTONUP beside the strip",
+       514,
+       0,
+       0,
+       {"log BeforeLButtonUp", "Buttons.HandleButtonUp()", "Buttons.removeButtonHighlighting(0)",
+        "word gets 514(0, 0)"}},
+      {"WM_LBUTTONDOWN beside the strip",
        513,
        1,
-       at5And6,
-       {"log BeforeLButtonDown", "Buttons.HandleButtonDown(5, 6)", "word gets 513(1, 393221)"}},
+       0,
+       {"log BeforeLButtonDown", "Buttons.HandleButtonDown(0, 0)", "word gets 513(1, 0)"}},
+      {"WM_MOUSEMOVE",
+       512,
+       0,
+       there,
+       {"log HandleMouseMove", "Buttons.HandleMouseMove(False, " + place + ", False)", "SetTimer(bar 1, 65537, 200)"}},
+      {"WM_LBUTTONDOWN", 513, 1, there, {"log BeforeLButtonDown", "Buttons.HandleButtonDown(" + place + ")"}},
       {"WM_LBUTTONUP",
        514,
        0,
-       at5And6,
-       {"log BeforeLButtonUp", "Buttons.HandleButtonUp()", "word gets 514(0, 393221)"}},
-      {"WM_LBUTTONDBLCLK", 515, 1, at5And6, {}},
+       there,
+       {"log BeforeLButtonUp", "Buttons.HandleButtonUp()", "Buttons.removeButtonHighlighting(0)"}},
+      {"WM_LBUTTONDBLCLK", 515, 1, there, {}},
       {"WM_RBUTTONDOWN",
        516,
        2,
-       at5And6,
-       {"log BeforeRButtonDown", "Buttons.removeButtonHighlighting(0)", "word gets 516(2, 393221)"}},
+       there,
+       {"log BeforeRButtonDown", "Buttons.removeButtonHighlighting(0)", "word gets 516(2, " + param + ")"}},
       {"WM_CAPTURECHANGED to nobody", 533, 0, 0, {"word gets 533(0, 0)"}},
-      {"WM_SIZE", 5, 0, at5And6, {"log BeforeSize", "word gets 5(0, 393221)"}},
+      {"WM_SIZE", 5, 0, there, {"log BeforeSize", "word gets 5(0, " + param + ")"}},
   };
   for (const MessageCase& each : cases) {
     trace().Take();
@@ -149,7 +167,7 @@ TEST_F(HookTable, Hook_ThePointOfAMouseMessage_HasAnUnsignedXAndASignedY) {
     trace().Take();
     world->Send(wm::kMouseMove, 0, each.lParam);
     world->Send(wm::kLButtonDown, 0, each.lParam);
-    EXPECT_EQ(AsText(Beginning(trace().Take(), "Buttons.")),
+    EXPECT_EQ(AsText(Beginning(trace().Take(), "Buttons.Handle")),
               "Buttons.HandleMouseMove(False, " + place + ", False)\n" + "Buttons.HandleButtonDown(" + place + ")\n");
   }
 }
@@ -160,7 +178,7 @@ TEST_F(HookTable, Hook_AMoveCountsAsADrag_OnlyWithTheLeftButtonAndNothingElse) {
   for (const auto& [keys, isDrag] : cases) {
     trace().Take();
     world->Send(wm::kMouseMove, keys, 65536 * 20 + 30);
-    EXPECT_EQ(AsText(Beginning(trace().Take(), "Buttons.")),
+    EXPECT_EQ(AsText(Beginning(trace().Take(), "Buttons.Handle")),
               std::string("Buttons.HandleMouseMove(") + isDrag + ", 30, 20, False)\n")
         << "wParam " << keys;
   }
@@ -172,12 +190,12 @@ TEST_F(HookTable, Hook_AMoveWhileAnotherDocumentIsActive_TellsTheStripSo) {
   world->Settle();
   Hear();
   world->desk.Windows().SendMessageA(bar, wm::kMouseMove, 0, 65536 * 20 + 30);
-  EXPECT_EQ(AsText(Beginning(trace().Take(), "Buttons.")), "Buttons.HandleMouseMove(False, 30, 20, True)\n");
+  EXPECT_EQ(AsText(Beginning(trace().Take(), "Buttons.Handle")), "Buttons.HandleMouseMove(False, 30, 20, True)\n");
   world->word.Activate(kDocument);
   world->Settle();
   Hear();
   world->Send(wm::kMouseMove, 0, 65536 * 20 + 30);
-  EXPECT_EQ(AsText(Beginning(trace().Take(), "Buttons.")), "Buttons.HandleMouseMove(False, 30, 20, False)\n");
+  EXPECT_EQ(AsText(Beginning(trace().Take(), "Buttons.Handle")), "Buttons.HandleMouseMove(False, 30, 20, False)\n");
 }
 
 TEST_F(HookTable, Hook_ARightButtonAndAMoveOutsideTheClient_TakeTheHighlightOffThroughAContextOfTheirOwn) {
