@@ -1,8 +1,11 @@
-// How the product's command bar, which is a real one of Word's, is kept on a row of its own, shown, hidden and renamed.
+// How the product's command bar, which is a real one of Word's, is kept on a row of its own, shown, hidden, renamed and
+// turned into the small toolbar.
 
 #include "addin/Main2.h"
+#include "drawing/LoadImageFromResource.h"
 #include "drawing/ToolbarUtilities.h"
 #include "foundation/CommonLogger.h"
+#include "platform/platform.h"
 #include "toolbar/Menu.h"
 #include "wordaccess/CommonPropertyFunctions.h"
 #include "wordaccess/CommonWordInteractionFunctions.h"
@@ -25,6 +28,19 @@ constexpr Long kTopOfWindow = 1;
 constexpr Long kBottomOfWindow = 3;
 constexpr Long kLastRow = -1;
 constexpr Long kFarRight = 999;
+
+constexpr Long kNoProtection = 0;
+constexpr Long kNoCustomizing = 1;
+constexpr Long kSmallControl = 22;  // pixels, across and down
+
+constexpr Integer kMenuControl = 1;
+constexpr Integer kProductControl = 2;
+constexpr Integer kOfferControl = 16;
+constexpr const char16_t* kShrinkEntry = u"&Shrink Toolbar";
+
+Object ControlOf(const Object& bar, Integer position) {
+  return bar.Get("Controls").ToObject().Get("Item", position).ToObject();
+}
 
 // Either file name, whatever Word's version.
 Boolean IsProductTemplate(const String& name) { return name == u"Quillmere.dot" || name == u"Quillmere.dotm"; }
@@ -67,12 +83,102 @@ void Main2::ShrinkToolbar() {
   ProcessEliteToolbar(true);
 }
 
-// Word starts in the full toolbar, and only the user's command leaves it. What that does isn't built yet.
+// Word starts in the full toolbar, and only the user's command leaves it. On a bar that is small already this changes
+// neither sizes nor the number of controls: it renews what can have changed.
 void Main2::ProcessEliteToolbar(Boolean force) {
   METHOD(void, u"ProcessEliteToolbar", force);
+  Object bar;
+  Boolean needsShrinking = false;
+  REPORTS(bar, needsShrinking);
   Log(u"ProcessEliteToolbar");
   if (isWord2007OrLater()) return;
   if (!force && !mSmallToolbar) return;
+  RemoveAllToolbars();  // which leaves them alone once the toolbar is the small one
+  mSmallToolbar = true;
+  bar = ToolbarUtilities::CommandBar();
+  if (isOutlookDocument()) {
+    // The next document that comes to the front finds the work undone and comes back here.
+    STEP(bar.Let("visible", false));
+    return;
+  }
+  mHasShrunkToolbar = true;
+  STEP(bar.Let("visible", true));
+  CONDITION(isTall, ControlOf(bar, kMenuControl).Get("height").ToLong() > kSmallControl);
+  if (isTall) needsShrinking = true;
+  STEP(bar.Let("Protection", kNoProtection));
+  if (needsShrinking) STEP(ControlOf(bar, kOfferControl).Call("Delete"));
+  ProcessEliteButtons(needsShrinking);
+  STEP(bar.Let("Protection", kNoCustomizing));
+  UpdateLumivexIcon();
+}
+
+// A button whose icon can't be set keeps its old face.
+void Main2::ProcessEliteButtons(Boolean needsShrinking) {
+  METHOD(void, u"ProcessEliteButtons", needsShrinking);
+  Object list;
+  Object control;
+  Integer count = 0;
+  REPORTS(list, control, count);
+  Log(Joined(u"ProcessEliteButtons ", needsShrinking));
+  STEP(list = ToolbarUtilities::CommandBar().Get("Controls").ToObject());
+  if (needsShrinking) STEP(ShrinkDropDownMenu(list.Get("Item", kMenuControl).ToObject()));
+  STEP(count = list.Get("count").ToInteger());
+  for (Integer i = kProductControl; i <= count; ++i) {
+    STEP(control = list.Get("Item", i).ToObject());
+    if (needsShrinking) {
+      STEP(control.Let("height", kSmallControl));
+      STEP(control.Let("width", kSmallControl));
+    }
+    STEP(control.Let("tooltipText", ToolbarUtilities::tooltipText(i, true)));
+  }
+  here.IgnoreErrors();
+  if (needsShrinking) {
+    STEP(count = list.Get("count").ToInteger());
+    for (Integer i = kProductControl; i <= count; ++i) PaintEliteToolbarIcon(i);
+  } else {
+    PaintEliteToolbarIcon(kProductControl);  // no other icon can have changed
+  }
+  STEP(platform::Windows().DoEvents());
+}
+
+// A control for which Word found no room can't be painted.
+void Main2::PaintEliteToolbarIcon(Integer index) {
+  METHOD(void, u"PaintEliteToolbarIcon", index);
+  Object control;
+  REPORTS(control);
+  STEP(control = ControlOf(ToolbarUtilities::CommandBar(), index));
+  CONDITION(isDropped, control.Get("isPriorityDropped").ToBoolean());
+  if (isDropped) return;
+  ToolbarUtilities::SetButtonIcon(
+      control, LoadImageFromResource::LoadResGifJpgBmp(ToolbarUtilities::pictureIndex(index, true), 0));
+}
+
+// The entry that brought the user here hides, so that nobody shrinks twice. Where there is none, the user sees the box
+// too, without a text.
+void Main2::ShrinkDropDownMenu(const Object& menuItem) {
+  METHOD(void, u"ShrinkDropDownMenu", menuItem);
+  Object entry;
+  REPORTS(entry);
+  STEP(menuItem.Let("height", kSmallControl));
+  here.ClearError();
+  {
+    Walk walk;
+    Boolean more = false;
+    Boolean isIt = false;
+    ATTEMPT(tell, more = walk.First(ControlOf(ToolbarUtilities::CommandBar(), kMenuControl).Get("Controls").ToObject(),
+                                    entry));
+    while (more) {
+      ATTEMPT(tell, isIt = entry.Get("caption").ToText() == kShrinkEntry);
+      if (isIt) {
+        ATTEMPT(tell, entry.Let("visible", false));
+        return;
+      }
+      ATTEMPT(tell, more = walk.Next(entry));
+    }
+  }
+tell:
+  entry = nullptr;
+  STEP(platform::RunTime().MsgBox(here.LastError().description, msgbox::kOk, nullptr));
 }
 
 // Word 2000 has no envelope to ask for; there a document that isn't a mail fails to tell its author, so that to get

@@ -2,7 +2,7 @@
 
 // What the strip shows and how it is drawn: the texts and pictures of its cells, the product's command bar and its
 // window, and the raster services under all drawing. One module, in files by topic: content tables (texts, pictures,
-// captions), the bar, raster.
+// captions), the bar, raster, icons of Word's buttons.
 
 #include "drawing/IPictureDispUtilities.h"
 #include "drawing/advertisements_factory_interface.h"
@@ -79,6 +79,14 @@ void TransparentBlt(Long dstDC, Integer dstx, Integer dsty, Integer width, Integ
 Long cachedBuffer(Long width, Long height, Long handle);
 // Takes `buffer` over and frees the one before it. handle: the bitmap that the buffer's own displaced.
 void cachedBuffer(Long width, Long height, Long handle, Long buffer);
+
+// --- icons of Word's own buttons ---
+
+// Whether buttons take a picture only from the clipboard.
+Boolean usePasteFaceWorkaround();
+// Gives a button of Word's that face, and uses the picture up. A button that can't be given a picture gets it through
+// the clipboard, where the user's rich text is kept and all else is lost. A failure there shows nowhere.
+void SetButtonIcon(const Object& button, const Picture& icon);
 
 void ReportModule(Reporter& to);
 // What the global part of a dump lists of this module.

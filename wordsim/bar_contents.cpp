@@ -52,6 +52,7 @@ constexpr const char16_t* kMenuEntries[] = {
     u"Chec&k for Updates...",
     u"Visit the &Website",
     u"About % / Login to %...",
+    u"Contact S&upport...",
 };
 
 constexpr ControlContent kDrawingControls[] = {

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "wordsim/bar_faces.h"
 #include "wordsim/command_bars.h"
 #include "wordsim/document_frame.h"
 #include "wordsim/word_world.h"
@@ -11,6 +12,7 @@ namespace strandline::wordsim {
 namespace {
 
 constexpr Long kLargestExtent = 32767;  // pixels
+constexpr Long kFirstVersionWithPictures = 10;
 
 Long ExtentFrom(const Variant& value) {
   const Long extent = value.ToLong();
@@ -167,26 +169,40 @@ Variant BarControl::DeleteMember(const Call&) {
 }
 
 // Buttons of Word 2000 have neither picture nor mask; nor does a popup.
-Variant BarControl::PictureProperty(const Call& call, Picture& picture) {
-  if (mPopup || mOwner.Bar().World().Version() < 10) Raise(errors::kNoSuchMember);
-  if (!call.IsLet()) return picture ? Variant(picture) : Variant(Object());
-  picture = call.Value().ToPicture();
-  LooksChanged();
+void BarControl::RequirePictures() const {
+  if (mPopup || mOwner.Bar().World().Version() < kFirstVersionWithPictures) Raise(errors::kNoSuchMember);
+}
+
+Variant BarControl::PictureMember(const Call& call) {
+  RequirePictures();
+  if (!call.IsLet()) return mPicture ? Variant(mPicture) : Variant(Object());
+  // The mask belonged to the former picture.
+  SetFace(CopyOfPicture(mOwner.Bar().World().Services(), call.Value().ToPicture()), nullptr);
   return {};
 }
 
-Variant BarControl::PictureMember(const Call& call) { return PictureProperty(call, mPicture); }
-Variant BarControl::MaskMember(const Call& call) { return PictureProperty(call, mMask); }
+Variant BarControl::MaskMember(const Call& call) {
+  RequirePictures();
+  if (!call.IsLet()) return mMask ? Variant(mMask) : Variant(Object());
+  SetFace(mPicture, CopyOfPicture(mOwner.Bar().World().Services(), call.Value().ToPicture()));
+  return {};
+}
 
 Variant BarControl::PasteFaceMember(const Call&) {
   if (mPopup) Raise(errors::kNoSuchMember);
-  const Hooks& hooks = mOwner.Bar().World().TheHooks();
-  Picture pasted = hooks.pasteFace ? hooks.pasteFace() : Picture();
+  WordWorld& world = mOwner.Bar().World();
+  const auto& hook = world.TheHooks().pasteFace;
+  Picture pasted = hook ? CopyOfPicture(world.Services(), hook()) : PictureOnClipboard(world.Services());
   if (!pasted) Raise(errors::kInvalidArgument);
-  mPicture = std::move(pasted);
-  mMask = nullptr;
-  LooksChanged();
+  SetFace(std::move(pasted), nullptr);
   return {};
+}
+
+void BarControl::SetFace(Picture picture, Picture mask) {
+  mPicture = std::move(picture);
+  mMask = std::move(mask);
+  mFace = mPicture && mMask ? FaceThroughMask(mOwner.Bar().World().Services(), mPicture, mMask) : mPicture;
+  LooksChanged();
 }
 
 Variant BarControl::ControlsMember(const Call&) {

@@ -26,7 +26,9 @@ class BarControl final : public SimObject {
   bool IsVisible() const { return mIsVisible; }
   bool IsEnabled() const { return mIsEnabled; }
   bool IsDown() const { return mState == kDown; }
-  const Picture& Face() const { return mPicture; }
+  // What shows of its picture; kFaceKey is open where HasMask.
+  const Picture& Face() const { return mFace; }
+  bool HasMask() const { return static_cast<bool>(mMask); }
   Long PositionInOwner() const;
   BarCell Cell() const { return {mSize.width, mSize.height, mIsVisible, mFixed, mDropped}; }
   void Fix(const Rect& place) { mFixed = place; }
@@ -57,7 +59,8 @@ class BarControl final : public SimObject {
   Variant MaskMember(const Call& call);
   Variant PasteFaceMember(const Call& call);
   Variant ControlsMember(const Call& call);
-  Variant PictureProperty(const Call& call, Picture& picture);
+  void RequirePictures() const;
+  void SetFace(Picture picture, Picture mask);
   CellPlace Place() const;
   Rect ScreenPlace() const;
   void SizeChanged();
@@ -72,6 +75,7 @@ class BarControl final : public SimObject {
   Long mState = 0;
   Picture mPicture;
   Picture mMask;
+  Picture mFace;
   std::optional<Rect> mFixed;
   std::optional<bool> mDropped;
   Ref<BarControls> mPopup;

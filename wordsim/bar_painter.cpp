@@ -11,6 +11,8 @@ namespace strandline::wordsim {
 
 namespace {
 
+constexpr Long kNoKey = -1;
+
 void PaintGradientAcross(HostCanvas& canvas, Long hdc, Size size) {
   const auto mixed = [&](Long shift, Long x) {
     const Long from = (kBarTop >> shift) & 0xFF;
@@ -139,7 +141,7 @@ void PaintControl(HostCanvas& canvas, Long hdc, const CommandBar& bar, const Bar
     PaintOutline(canvas, hdc, place, kGripDot);
   }
   if (const Picture& face = control.Face()) {
-    canvas.DrawBitmap(hdc, place, face->Handle(), kFaceKey);
+    canvas.DrawBitmap(hdc, place, face->Handle(), control.HasMask() ? kFaceKey : kNoKey);
     return;
   }
   const Long position = control.PositionInOwner();

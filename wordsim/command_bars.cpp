@@ -19,6 +19,7 @@ CommandBar::CommandBar(Ref<ObjectUses> uses, WordWorld& world, const String& nam
       mName(name),
       mKind(kind),
       mPosition(position),
+      mProtection(kind == BarKind::kProduct ? kNoCustomizing : 0),
       mControls(New<BarControls>(uses, *this, nullptr)) {}
 
 MemberTable CommandBar::Members() const {

@@ -34,6 +34,8 @@ class CommandBar final : public SimObject {
   MemberTable Members() const override;
 
  private:
+  static constexpr Long kNoCustomizing = 1;
+
   Variant NameMember(const Call& call);
   Variant VisibleMember(const Call& call);
   Variant PositionMember(const Call& call);
@@ -50,7 +52,7 @@ class CommandBar final : public SimObject {
   BarPosition mPosition;
   Long mRowIndex = 1;
   Long mLeft = 0;
-  Long mProtection = 1;
+  Long mProtection;
   Ref<BarControls> mControls;
 };
 

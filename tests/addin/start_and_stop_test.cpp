@@ -45,6 +45,8 @@ TEST_F(StartAndStop, StartBefore2007_TakesItsStepsInOrder) {
             "get productState productName() = Quillmere\n"
             "get properties tooltip() = tooltip\n"
             "let tooltip TooltipIconIndex(401)\n"
+            "get Application Documents() = Documents\n"
+            "get Documents count() = 0\n"
             "log 0 ProcessEliteToolbar\n"
             "log 0 EnsureToolbarIsOnItsOwnRow\n"
             "get Application CommandBars() = CommandBars\n"

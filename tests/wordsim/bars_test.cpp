@@ -46,6 +46,7 @@ TEST_F(BarsTest, TheMenu_HasItsEntriesAtTheirPlaces) {
       {17, u"Go to quick bookmark"},    {18, u"&Apply Quillmere to this document..."},
       {19, u"C&onfigure Quillmere..."}, {21, u"Open User &Manual"},
       {22, u"&Shrink Toolbar"},         {25, u"About Quillmere / Login to Quillmere..."},
+      {26, u"Contact S&upport..."},
   };
   for (const auto& [position, caption] : kEntries) EXPECT_EQ(Entry(position).Get("Caption").ToText(), caption);
   EXPECT_EQ(Controls().Get("Item", u"QUILLMERE").ToObject(), Control(1));
@@ -322,17 +323,6 @@ TEST_F(BarsTest, AFaceThatIsGiven_ShowsOnTheBar) {
   Control(2).Let("Picture", World().ProductState().Get("icon").ToPicture());
   Wait(0);
   EXPECT_NE(cell(), before);
-}
-
-TEST_F(BarsTest, PasteFace_TakesWhatIsOnTheClipboard) {
-  Settings settings;
-  settings.hasIcon = true;
-  settings.wordVersion = u"9.0";
-  Begin(settings).Open(u"A.doc");
-  EXPECT_NE(NumberRaised([&] { Control(2).Call("PasteFace"); }), 0);
-  World().TheHooks().pasteFace = [&] { return World().ProductState().Get("icon").ToPicture(); };
-  EXPECT_EQ(NumberRaised([&] { Control(2).Call("PasteFace"); }), 0);
-  EXPECT_TRUE(World().ProductBar().Controls().Control(2)->Face());
 }
 
 }  // namespace
