@@ -1,6 +1,8 @@
 #include "desk/desk_session.h"
 
+#include "desk/pointer_picture.h"
 #include "desk/state_report.h"
+#include "platform/desk/png_writer.h"
 #include "platform/desk/stuck.h"
 #include "wordsim/document.h"
 #include "wordsim/product.h"
@@ -40,6 +42,7 @@ DeskSession::DeskSession(const play::SceneSettings& settings, play::JournalFile*
   runTime.SetBoxHandler(
       [this](const String& text, Long style, const String* title) { return mWatch.OnBox(text, style, title); });
   RegisterComponents(settings);
+  FillClipboard(settings);
   mWorld.SetUseObserver(&mWatch);
 }
 
@@ -61,6 +64,13 @@ void DeskSession::RegisterComponents(const play::SceneSettings& settings) {
   }
   for (const String& name : settings.world.missingComponents) components.SetMissing(name, true);
   components.SetObserver([this](const String& progId, bool ok) { mWatch.OnCreate(progId, ok); });
+}
+
+void DeskSession::FillClipboard(const play::SceneSettings& settings) {
+  desk::DeskClipboard& clipboard = mDesk.Clipboard();
+  if (settings.clipboardText) clipboard.SetTextFromOutside(*settings.clipboardText);
+  if (settings.clipboardRichText) clipboard.SetRichTextFromOutside(*settings.clipboardRichText);
+  if (settings.isClipboardHeld) clipboard.HoldByAnother(true);
 }
 
 std::string DeskSession::Start() {
@@ -101,6 +111,10 @@ play::Json DeskSession::State() {
                                 {"bitmaps", objects.Count(desk::ObjectKind::kBitmap)},
                                 {"timers", mDesk.Windows().LiveTimers()},
                                 {"hooks", mDesk.Windows().LiveHooks()}};
+  play::Json& clipboard = state["clipboard"] = play::Json::object();
+  for (const desk::DeskClipboard::Item& item : mDesk.Clipboard().Content()) {
+    clipboard[ToUtf8(item.name.View())] = item.isPicture ? "picture" : ToUtf8(item.text.View());
+  }
   return state;
 }
 
@@ -128,18 +142,29 @@ std::optional<std::uint32_t> DeskSession::BarPixel(Long x, Long y) {
   return *screen.At(screenX, screenY) & 0xFFFFFF;
 }
 
-std::string DeskSession::WriteBarPicture(const std::string& path) { return WritePicture(path, BarArea()); }
+namespace {
 
-std::string DeskSession::WriteDeskPicture(const std::string& path) {
-  return WritePicture(path, {0, 0, mDesk.Screen().width, mDesk.Screen().height});
+std::string CantWrite(const std::string& path) {
+  return "can't write the picture " + path + "; name a folder that can be written with --out";
 }
 
-std::string DeskSession::WritePicture(const std::string& path, const Rect& area) {
+}  // namespace
+
+std::string DeskSession::WriteBarPicture(const std::string& path) {
+  const Rect area = BarArea();
   if (!IsOnScreen(mDesk.Screen(), area)) {
     return "nothing of the window is on the screen; take the picture where something of it is";
   }
-  if (mDesk.WritePng(path, area)) return "";
-  return "can't write the picture " + path + "; name a folder that can be written with --out";
+  return mDesk.WritePng(path, area) ? "" : CantWrite(path);
+}
+
+// With the pointer, once somebody has moved it.
+std::string DeskSession::WriteDeskPicture(const std::string& path) {
+  desk::Surface picture = mDesk.Screen();
+  Point pointer;
+  mDesk.Windows().GetCursorPos(pointer);
+  if (pointer != Point{}) DrawPointer(picture, pointer);
+  return desk::WritePng(path, picture) ? "" : CantWrite(path);
 }
 
 }  // namespace strandline::deskprogram

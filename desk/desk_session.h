@@ -31,6 +31,7 @@ class DeskSession final : public play::Session {
   play::LibraryWatch& Watch() override { return mWatch; }
   wordsim::WordWorld& World() override { return mWorld; }
   HostClock& Clock() override { return mDesk.Clock(); }
+  HostMouse& Mouse() override { return mDesk.Mouse(); }
   desk::Desk& TheDesk() { return mDesk; }
 
   std::string Start() override;
@@ -53,8 +54,8 @@ class DeskSession final : public play::Session {
  private:
   static desk::Desk::Options DeskOptions(const play::SceneSettings& settings);
   void RegisterComponents(const play::SceneSettings& settings);
+  void FillClipboard(const play::SceneSettings& settings);
   Rect BarArea();
-  std::string WritePicture(const std::string& path, const Rect& area);
 
   desk::Desk mDesk;
   play::Journal mJournal;

@@ -55,10 +55,12 @@ WatchedServices::WatchedServices(desk::Desk& desk, CallRecorder& recorder, desk:
       mFailingGraphics(mPainting, mFaults),
       mFailingPictures(*mPlain.pictures, mFaults),
       mFailingModules(*mPlain.modules, mFaults),
+      mFailingClipboard(*mPlain.clipboard, mFaults),
       mWindows(mFailingWindows, &recorder),
       mGraphics(mFailingGraphics, &recorder),
       mPictures(mFailingPictures, &recorder),
       mModules(mFailingModules, &recorder),
+      mClipboard(mFailingClipboard, &recorder),
       mSubclassers(*mPlain.subclassers, &recorder) {}
 
 Platform WatchedServices::Services() {
@@ -67,6 +69,7 @@ Platform WatchedServices::Services() {
   services.graphics = &mGraphics;
   services.pictures = &mPictures;
   services.modules = &mModules;
+  services.clipboard = &mClipboard;
   services.subclassers = &mSubclassers;
   return services;
 }

@@ -49,10 +49,12 @@ class WatchedServices {
   FailingGraphics mFailingGraphics;
   FailingPictures mFailingPictures;
   FailingModules mFailingModules;
+  FailingClipboard mFailingClipboard;
   RecordingWindows mWindows;
   RecordingGraphics mGraphics;
   RecordingPictures mPictures;
   RecordingModules mModules;
+  RecordingClipboard mClipboard;
   RecordingSubclassers mSubclassers;
 };
 

@@ -1,8 +1,8 @@
 #pragma once
 
-// What a host of the library needs beyond what the library itself needs: windows of its own, posted messages, input,
-// and a canvas. The simulated Word is written against this and the seam, so that it plays on the desk and, with real
-// windows, on Windows.
+// What a host of the library needs beyond what the library itself needs: windows of its own, posted messages, a user's
+// hand on the mouse, and a canvas. The simulated Word is written against this and the seam, so that it plays on the
+// desk and, with real windows, on Windows.
 
 #include <cstdint>
 #include <functional>
@@ -49,6 +49,35 @@ class HostWindows {
   virtual void PlacePointer(Point screen) = 0;
   // Another program's window covers the whole screen and takes activation and foreground; and goes again.
   virtual void CoverScreen(bool covered) = 0;
+};
+
+// What is held while the mouse does something, as wParam of its messages tells.
+namespace mousekey {
+inline constexpr Long kLeft = 1;
+inline constexpr Long kRight = 2;
+inline constexpr Long kShift = 4;
+}  // namespace mousekey
+
+enum class MouseButton { kLeft, kRight };
+
+// A user's hand on the mouse. All that it does is input: it comes behind posted messages and before paints, to the
+// window that then has the capture, else to the topmost visible one under the pointer, and with the keys that are held.
+// What is over no window of ours nobody here hears of. Nothing is pumped: the messages wait for whoever does.
+class HostMouse {
+ public:
+  virtual ~HostMouse() = default;
+
+  // Kept on the screen. Moves that wait one behind the other are one, to the last place.
+  virtual void MoveTo(Point screen) = 0;
+  // Never taken for the second press of a double click, however soon it comes.
+  virtual void Press(MouseButton button) = 0;
+  // The left button's second press of a double click: WM_LBUTTONDBLCLK takes the place of the press.
+  virtual void PressAgain() = 0;
+  virtual void Release(MouseButton button) = 0;
+  // The left button as it was pressed, or is let go, where no window of ours is; shift as on the keyboard.
+  virtual void Hold(bool left, bool shift) = 0;
+  // From now on the hand reaches this window wherever others of ours cover it; 0: whichever the system finds.
+  virtual void AimAt(Long hwnd) = 0;
 };
 
 // Simple drawing for the host's own faces.

@@ -51,6 +51,10 @@ void LibraryWatch::OnUse(const wordsim::ObjectUse& use) {
   Json line = Json{{"object", use.object}, {"op", OpName(use.op)}};
   line["member"] = std::string(use.member);
   line["args"] = mNaming.Arguments(use.arguments, use.named);
+  // The tooltip is told the window that it belongs to, as a number.
+  if (use.object == "tooltip" && line["args"].size() > 1 && line["args"][0].is_number_integer()) {
+    line["args"][0] = mNaming.Window(line["args"][0].get<Long>());
+  }
   if (use.error) {
     line["error"] = Json{{"number", use.error->number}, {"description", ToUtf8(use.error->description.View())}};
   } else {

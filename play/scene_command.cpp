@@ -33,6 +33,8 @@ constexpr CommandForm kForms[] = {
     {Verb::kCell, Phase::kAny,
      "cell N:1..255 LEFT:" COORDINATE " TOP:" COORDINATE " WIDTH:" COORDINATE " HEIGHT:" COORDINATE},
     {Verb::kTemplate, Phase::kSetup, "template NAME:name"},
+    {Verb::kClipboardHeld, Phase::kSetup, "clipboard held"},
+    {Verb::kClipboard, Phase::kSetup, "clipboard KIND:rtf|text TEXT"},
 
     {Verb::kStart, Phase::kSetup, "start"},
     {Verb::kAfter, Phase::kAny, "after MS:" MILLISECONDS " COMMAND..."},
@@ -43,6 +45,17 @@ constexpr CommandForm kForms[] = {
     {Verb::kVanish, Phase::kAny, "vanish NAME:name"},
     {Verb::kCall, Phase::kStarted, "call OPERATION:name [ARG...]"},
     {Verb::kExecute, Phase::kStarted, "execute COMMAND"},
+    {Verb::kMouseMove, Phase::kAny, "mouse move X:" COORDINATE " Y:" COORDINATE " [left] [shift]"},
+    {Verb::kMouseDown, Phase::kAny, "mouse down"},
+    {Verb::kMouseUp, Phase::kAny, "mouse up"},
+    {Verb::kMouseDouble, Phase::kAny, "mouse double"},
+    {Verb::kMouseRight, Phase::kAny, "mouse right"},
+    {Verb::kMouseLeave, Phase::kAny, "mouse leave"},
+    {Verb::kMouseOver, Phase::kAny, "mouse over NAME:name"},
+    {Verb::kHover, Phase::kAny, "hover CELL:1..255"},
+    {Verb::kClick, Phase::kAny, "click CELL:1..255"},
+    {Verb::kPick, Phase::kAny, "pick CAPTION:name"},
+    {Verb::kMacro, Phase::kAny, "macro CELL:1..255 COMMAND..."},
     {Verb::kSend, Phase::kAny, "send MSG:" WORD_RANGE " WPARAM:" WORD_RANGE " LPARAM:" WORD_RANGE},
     {Verb::kResize, Phase::kAny, "resize W:0..32767 H:0..32767"},
     {Verb::kDock, Phase::kAny, "dock EDGE:" EDGES},
@@ -74,8 +87,8 @@ constexpr CommandForm kForms[] = {
 };
 
 constexpr std::string_view kTimeUsage = "YYYY-MM-DD[THH:MM:SS]";
-// `after` in itself: far beyond any use, and the end of what a line can nest.
-constexpr int kDeepestAfter = 16;
+// Commands in commands: far beyond any use, and the end of what a line can nest.
+constexpr int kDeepestInner = 16;
 
 std::string_view FirstWord(const CommandForm& form) {
   const std::string_view grammar = form.grammar;
@@ -179,9 +192,10 @@ ParsedCommand ParseCommand(std::span<const SceneWord> words, int line, int depth
   parsed.error = MatchWords(grammar, values, parsed.command);
   if (!parsed.error.empty()) {
     parsed.error += "; usage: " + Usage(*form);
-  } else if (form->verb == Verb::kAfter) {
-    if (depth == kDeepestAfter) {
-      parsed.error = "after stands in itself too often; " + std::to_string(kDeepestAfter) + " times are allowed";
+  } else if (form->verb == Verb::kAfter || form->verb == Verb::kMacro) {
+    const std::string word(FirstWord(*form));
+    if (depth == kDeepestInner) {
+      parsed.error = word + " stands in itself too often; " + std::to_string(kDeepestInner) + " times are allowed";
       return parsed;
     }
     ParsedCommand inner = ParseCommand(values.subspan(1), line, depth + 1);

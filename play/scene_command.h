@@ -31,6 +31,8 @@ enum class Verb {
   kControls,
   kCell,
   kTemplate,
+  kClipboardHeld,
+  kClipboard,
   kStart,
   kAfter,
   kOpen,
@@ -40,6 +42,17 @@ enum class Verb {
   kVanish,
   kCall,
   kExecute,
+  kMouseMove,
+  kMouseDown,
+  kMouseUp,
+  kMouseDouble,
+  kMouseRight,
+  kMouseLeave,
+  kMouseOver,
+  kHover,
+  kClick,
+  kPick,
+  kMacro,
   kSend,
   kResize,
   kDock,
@@ -99,7 +112,7 @@ struct Command {
   int line = 0;
   std::vector<CommandValue> values;      // those that were given, each by the name of its slot
   std::vector<std::string> rest;         // what `...` took
-  std::shared_ptr<const Command> inner;  // of `after`
+  std::shared_ptr<const Command> inner;  // of `after` and of `macro`
 
   bool Has(std::string_view slot) const { return Find(slot) != nullptr; }
   // Empty, and `otherwise`, when it wasn't given.

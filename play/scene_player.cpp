@@ -19,7 +19,7 @@ namespace {
 // Lines are kept in memory only for a scene that asks about them.
 bool AsksAboutLines(const Command& command) {
   const Verb verb = command.form->verb;
-  if (verb == Verb::kAfter) return AsksAboutLines(*command.inner);
+  if (command.inner) return AsksAboutLines(*command.inner);
   return verb == Verb::kExpect || verb == Verb::kThen;
 }
 
@@ -66,6 +66,28 @@ ScenePlayer::Handler ScenePlayer::HandlerOf(Verb verb) {
       return &P::RibbonIcon;
     case Verb::kQuit:
       return &P::Quit;
+    case Verb::kMouseMove:
+      return &P::MouseMove;
+    case Verb::kMouseDown:
+      return &P::MouseDown;
+    case Verb::kMouseUp:
+      return &P::MouseUp;
+    case Verb::kMouseDouble:
+      return &P::MouseDouble;
+    case Verb::kMouseRight:
+      return &P::MouseRight;
+    case Verb::kMouseLeave:
+      return &P::MouseLeave;
+    case Verb::kMouseOver:
+      return &P::MouseOver;
+    case Verb::kHover:
+      return &P::Hover;
+    case Verb::kClick:
+      return &P::Click;
+    case Verb::kPick:
+      return &P::Pick;
+    case Verb::kMacro:
+      return &P::Macro;
     case Verb::kCell:
       return &P::Cell;
     case Verb::kDrop:
@@ -114,6 +136,7 @@ ScenePlayer::ScenePlayer(const ParsedScene& scene, PlayOptions options, const Se
   const bool keepLines = std::any_of(scene.commands.begin(), scene.commands.end(), AsksAboutLines);
   mSession = make(SettingsOf(scene), keepLines);
   mExpectations = std::make_unique<ExpectationState>(mSession->TheJournal());
+  PlayUser();
 }
 
 Outcome ScenePlayer::Play(std::vector<std::string>& messages) {

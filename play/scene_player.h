@@ -3,6 +3,7 @@
 // Plays a scene's commands, one after the other, on a session that is made for it, and says what came of it.
 
 #include <functional>
+#include <map>
 #include <memory>
 #include <string>
 #include <vector>
@@ -78,6 +79,28 @@ class ScenePlayer {
   void RibbonIcon(const Command&);
   void Quit(const Command&);
 
+  // scene_player_mouse.cpp: the user's hand, the menu, the product's macros
+  void MouseMove(const Command&);
+  void MouseDown(const Command&);
+  void MouseUp(const Command&);
+  void MouseDouble(const Command&);
+  void MouseRight(const Command&);
+  void MouseLeave(const Command&);
+  void MouseOver(const Command&);
+  void Hover(const Command&);
+  void Click(const Command&);
+  void Pick(const Command&);
+  void Macro(const Command&);
+  void PlayUser();
+  void Respond();
+  Long HandsBar() const;
+  void MoveHand(Point screen, bool left, bool shift);
+  void HoverOver(Long control);
+  void ClickThere();
+  void RunMacroOf(Long control);
+  void RunMacroOfEntry(Long entry);
+  void RunMacro(const std::function<void()>& macro);
+
   // scene_player_bar.cpp: the bar, the screen, answers and failures, time
   void Cell(const Command&);
   void Drop(const Command&);
@@ -106,6 +129,7 @@ class ScenePlayer {
   void RequireBarWindow() const;
   Object RibbonEvents() const;
   void AddResult(const char* of, const Variant& value);
+  void ExecuteCommand(const String& name);
   std::string PicturePath(const std::string& fileName) const;
   void NoteFailure(const std::string& expected);
 
@@ -120,6 +144,9 @@ class ScenePlayer {
   int mUnchecked = 0;
   bool mIsFindUnknown = false;  // the last expectation was of a kind that isn't told here
   bool mHasQuit = false;
+  bool mIsLeftDown = false;
+  String mHandsDocument;  // whose bar the hand is over; empty: the active one's
+  std::map<Long, std::shared_ptr<const Command>> mMacros;
 };
 
 }  // namespace strandline::play

@@ -54,6 +54,7 @@ void ScenePlayer::Open(const Command& command) {
 
 void ScenePlayer::Activate(const Command& command) {
   RequireDocument(mSession->World().Activate(NameOf(command)), command);
+  mHandsDocument = {};
   mSession->Main2().Call("HandleDocumentChange");
 }
 
@@ -77,9 +78,9 @@ void ScenePlayer::Call(const Command& command) {
   if (call.result) AddResult("call", *call.result);
 }
 
-void ScenePlayer::Execute(const Command& command) {
-  AddResult("execute", mSession->Main2().Call("Execute", FromUtf8(command.Text("COMMAND"))));
-}
+void ScenePlayer::Execute(const Command& command) { ExecuteCommand(FromUtf8(command.Text("COMMAND"))); }
+
+void ScenePlayer::ExecuteCommand(const String& name) { AddResult("execute", mSession->Main2().Call("Execute", name)); }
 
 void ScenePlayer::AddResult(const char* of, const Variant& value) {
   mSession->TheJournal().Add("result", Json{{"of", of}, {"value", mSession->Naming().Value(value)}});

@@ -26,6 +26,7 @@ SceneSettings::SceneSettings() {
   std::int64_t milliseconds = 0;
   ParseTime("2009-03-02T09:00:00", milliseconds);
   now = DateOf(milliseconds);
+  world.showsTooltips = true;
 }
 
 void SceneSettings::Apply(const Command& command) {
@@ -74,6 +75,12 @@ void SceneSettings::Apply(const Command& command) {
       break;
     case Verb::kTemplate:
       world.templates.push_back(text("NAME"));
+      break;
+    case Verb::kClipboard:
+      (command.Text("KIND") == "rtf" ? clipboardRichText : clipboardText) = text("TEXT");
+      break;
+    case Verb::kClipboardHeld:
+      isClipboardHeld = true;
       break;
     default:
       break;

@@ -3,6 +3,7 @@
 // What a scene chooses before `start`: the machine, its user, Word and the product.
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <utility>
 #include <vector>
@@ -20,6 +21,10 @@ struct SceneSettings {
   Date now;
   String commandLine;
   std::vector<std::pair<String, String>> initSettings;  // of the store's section "Init"
+  // What is on the system's clipboard, put there by another program, which may also hold it open.
+  std::optional<String> clipboardText;
+  std::optional<String> clipboardRichText;
+  bool isClipboardHeld = false;
 
   // A command of the phase before `start`, other than `start` itself.
   void Apply(const Command& command);

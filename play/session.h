@@ -29,6 +29,7 @@ class Session {
   virtual LibraryWatch& Watch() = 0;
   virtual wordsim::WordWorld& World() = 0;
   virtual HostClock& Clock() = 0;
+  virtual HostMouse& Mouse() = 0;
 
   // Loads the library, makes its object and initialises it. What is wrong where that can't be done; empty otherwise.
   virtual std::string Start() = 0;
@@ -40,6 +41,8 @@ class Session {
 
   // A command of the scene at a later time. It may find the scene wrong (SceneError), wherever it then runs.
   virtual void Schedule(std::int64_t milliseconds, std::function<void()> work) = 0;
+  // A command of the scene that runs inside a use of Word's by the library. It too may find the scene wrong.
+  virtual void InsideWord(const std::function<void()>& work) { work(); }
   // Inside a handler: where the exception at hand says that the library waits for ever; empty for any other one.
   virtual std::string WhereStuck() const = 0;
 

@@ -58,7 +58,9 @@ HostSession::HostSession(const play::SceneSettings& settings, Surroundings surro
     mJournal.SetCalls(calls);
     mTurns.emplace(*calls);
   }
-  mProblem = CreateComponents(settings);
+  mWindows.PlacePointer({0, 0});
+  mProblem = mClipboard.Fill(settings);
+  if (mProblem.empty()) mProblem = CreateComponents(settings);
   mWorld.SetUseObserver(&mWatch);
 }
 
@@ -87,12 +89,22 @@ Object HostSession::CreateComponent(const String& progId) {
   return made;
 }
 
+namespace {
+
+bool IsPicture(IDispatch& object) {
+  win32::ComRef<IUnknown> picture;
+  return SUCCEEDED(object.QueryInterface(IID_IPicture, picture.PutVoid()));
+}
+
+}  // namespace
+
 // Of the library's own objects, all have a class that they tell but the dictionaries that it fills.
 std::string HostSession::NameOf(const Object& object) {
   const std::string name = wordsim::JournalNameOf(object);
   if (!name.empty() || object.IsNothing()) return name;
   win32::ComRef<IDispatch> face;
   *face.Put() = win32::Unwrap(object);
+  if (IsPicture(*face.get())) return "picture";
   const std::string own = ClassNameOf(*face.get());
   return own.empty() ? "Dictionary" : own;
 }
@@ -108,13 +120,16 @@ void HostSession::Unload() {
 }
 
 void HostSession::Schedule(std::int64_t milliseconds, std::function<void()> work) {
-  mClock.After(milliseconds, [this, work = std::move(work)] {
-    try {
-      work();
-    } catch (const play::SceneError& error) {
-      mSurroundings.leaveWrong(error);
-    }
-  });
+  mClock.After(milliseconds, [this, work = std::move(work)] { InsideWord(work); });
+}
+
+// Nothing can be thrown through the library, nor through the system.
+void HostSession::InsideWord(const std::function<void()>& work) {
+  try {
+    work();
+  } catch (const play::SceneError& error) {
+    mSurroundings.leaveWrong(error);
+  }
 }
 
 std::string HostSession::Unsupported(play::Verb verb) const {

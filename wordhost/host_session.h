@@ -10,12 +10,14 @@
 #include "platform/win32/host/classic_colours.h"
 #include "platform/win32/host/win32_host_canvas.h"
 #include "platform/win32/host/win32_host_clock.h"
+#include "platform/win32/host/win32_host_mouse.h"
 #include "platform/win32/host/win32_host_windows.h"
 #include "platform/win32/win32_platform.h"
 #include "play/scene_error.h"
 #include "play/scene_settings.h"
 #include "play/session.h"
 #include "wordhost/box_watcher.h"
+#include "wordhost/clipboard_filler.h"
 #include "wordhost/component_classes.h"
 #include "wordhost/library_module.h"
 #include "wordhost/system_turns.h"
@@ -44,6 +46,7 @@ class HostSession final : public play::Session {
   play::LibraryWatch& Watch() override { return mWatch; }
   wordsim::WordWorld& World() override { return mWorld; }
   HostClock& Clock() override { return mClock; }
+  HostMouse& Mouse() override { return mMouse; }
 
   std::string Start() override;
   bool IsStarted() const override { return !mMain2.IsNothing(); }
@@ -51,6 +54,7 @@ class HostSession final : public play::Session {
   void Unload() override;
 
   void Schedule(std::int64_t milliseconds, std::function<void()> work) override;
+  void InsideWord(const std::function<void()>& work) override;
   std::string WhereStuck() const override { return ""; }
   std::string Unsupported(play::Verb verb) const override;
   bool Hears(std::string_view kind) const override;
@@ -77,7 +81,9 @@ class HostSession final : public play::Session {
   win32::Win32Platform mPlatform;
   win32::Win32HostWindows mWindows;
   win32::Win32HostCanvas mCanvas;
+  win32::Win32HostMouse mMouse;
   win32::Win32HostClock mClock;
+  ClipboardFiller mClipboard;
   play::Journal mJournal;
   play::JournalNaming mNaming;
   play::LibraryWatch mWatch;

@@ -62,7 +62,7 @@ MemberTable DialogObject::Members() const {
 
 Variant DialogObject::ShowMember(const Call&) {
   constexpr Long kClosedWithOk = -1;
-  if (mHooks.showDialog) mHooks.showDialog(mNumber);
+  mWorld.ShowDialog(mNumber);
   return kClosedWithOk;
 }
 
@@ -77,7 +77,7 @@ Variant DialogsObject::ItemMember(const Call& call) {
   for (const auto& dialog : mDialogs) {
     if (dialog->Number() == number) return Object(dialog);
   }
-  mDialogs.push_back(New<DialogObject>(SharedUses(), number, mHooks));
+  mDialogs.push_back(New<DialogObject>(SharedUses(), number, mWorld));
   return Object(mDialogs.back());
 }
 
@@ -98,7 +98,7 @@ ApplicationObject::ApplicationObject(Ref<ObjectUses> uses, WordWorld& world)
       mWorld(world),
       mDocuments(New<DocumentsObject>(uses, world)),
       mTemplates(New<TemplatesObject>(uses, world.TheSettings(), world.Version())),
-      mDialogs(New<DialogsObject>(uses, world.TheHooks())),
+      mDialogs(New<DialogsObject>(uses, world)),
       mOptions(New<OptionsObject>(uses, world)),
       mCommandBars(New<CommandBarsObject>(uses, world)) {}
 

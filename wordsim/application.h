@@ -18,6 +18,8 @@ class TemplateObject final : public SimObject {
  public:
   TemplateObject(Ref<ObjectUses> uses, const String& name) : SimObject(std::move(uses)), mName(name) {}
   const String& Name() const { return mName; }
+  bool IsSaved() const { return mIsSaved; }
+  void MarkChanged() { mIsSaved = false; }
 
  protected:
   std::string ObjectName() const override { return "template " + ToUtf8(mName); }
@@ -36,6 +38,7 @@ class TemplatesObject final : public SimCollection {
   TemplatesObject(Ref<ObjectUses> uses, const Settings& settings, Long version);
   Long Count() const override { return static_cast<Long>(mTemplates.size()); }
   Object At(Long position) const override { return mTemplates[static_cast<std::size_t>(position - 1)]; }
+  TemplateObject& OfTheProduct() const { return *mTemplates[1]; }
 
  protected:
   std::string ObjectName() const override { return "Templates"; }
@@ -48,8 +51,8 @@ class TemplatesObject final : public SimCollection {
 
 class DialogObject final : public SimObject {
  public:
-  DialogObject(Ref<ObjectUses> uses, Long number, Hooks& hooks)
-      : SimObject(std::move(uses)), mNumber(number), mHooks(hooks) {}
+  DialogObject(Ref<ObjectUses> uses, Long number, WordWorld& world)
+      : SimObject(std::move(uses)), mNumber(number), mWorld(world) {}
   Long Number() const { return mNumber; }
 
  protected:
@@ -59,13 +62,13 @@ class DialogObject final : public SimObject {
  private:
   Variant ShowMember(const Call& call);
   Long mNumber;
-  Hooks& mHooks;
+  WordWorld& mWorld;
 };
 
 // Word's own dialogs by number.
 class DialogsObject final : public SimObject {
  public:
-  DialogsObject(Ref<ObjectUses> uses, Hooks& hooks) : SimObject(std::move(uses)), mHooks(hooks) {}
+  DialogsObject(Ref<ObjectUses> uses, WordWorld& world) : SimObject(std::move(uses)), mWorld(world) {}
 
  protected:
   std::string ObjectName() const override { return "Dialogs"; }
@@ -73,7 +76,7 @@ class DialogsObject final : public SimObject {
 
  private:
   Variant ItemMember(const Call& call);
-  Hooks& mHooks;
+  WordWorld& mWorld;
   std::vector<Ref<DialogObject>> mDialogs;
 };
 
@@ -95,6 +98,8 @@ class ApplicationObject final : public SimObject {
  public:
   ApplicationObject(Ref<ObjectUses> uses, WordWorld& world);
   ~ApplicationObject() override;
+  // In which Word keeps what is changed of the product's bar.
+  TemplateObject& ProductTemplate() const { return mTemplates->OfTheProduct(); }
 
  protected:
   std::string ObjectName() const override { return "Application"; }

@@ -27,6 +27,19 @@ String ReportLine(const Variant& name, const Variant& value) {
   return Concat({name.ToText(), u" = ", ReportText(value)});
 }
 
+// What the relay gives for the product's icon; nothing where it doesn't answer, or nobody stands behind it.
+Long SizeOfIcon(const Object& relay) {
+  constexpr Integer kIcon = 102;
+  if (relay.IsNothing()) return 0;
+  try {
+    const Variant bits = relay.Call("getToolbarIconBits", kIcon);
+    const auto* bytes = bits.If<Variant::Shared<Byte>>();
+    return bytes ? static_cast<Long>((*bytes)->Elements().size()) : 0;
+  } catch (const Error&) {
+    return 0;
+  }
+}
+
 }  // namespace
 
 MemberTable FormatterObject::Members() const {
@@ -115,6 +128,7 @@ MemberTable RibbonHandlerObject::Members() const {
 Variant RibbonHandlerObject::InitializeMember(const Call& call) {
   mEvents = call.Argument(0).ToObject();
   mProductName = call.Argument(1).ToText();
+  mIconSize = SizeOfIcon(mEvents);
   return {};
 }
 

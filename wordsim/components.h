@@ -61,7 +61,8 @@ class ErrorObject final : public ComponentObject {
   Product& mProduct;
 };
 
-// The ribbon side of the product: it holds the relay that it was given, for whoever plays user.
+// The ribbon side of the product: it holds the relay that it was given, for whoever plays user, and asks it for the
+// product's icon at once.
 class RibbonHandlerObject final : public ComponentObject {
  public:
   RibbonHandlerObject(Ref<ObjectUses> uses, TextView progId, Product& product);
@@ -73,6 +74,8 @@ class RibbonHandlerObject final : public ComponentObject {
   bool IsLumivexOn() const { return mIsLumivexOn; }
   bool IsTabActive() const { return mIsTabActive; }
   const String& ProductName() const { return mProductName; }
+  // Of the product's icon, as the relay gave it while this was initialised; 0 where it gave none.
+  Long IconSize() const { return mIconSize; }
 
  protected:
   MemberTable Members() const override;
@@ -88,6 +91,7 @@ class RibbonHandlerObject final : public ComponentObject {
   Product& mProduct;
   Object mEvents;
   String mProductName;
+  Long mIconSize = 0;  // bytes
   bool mIsEnabled = false;
   bool mIsGotoEnabled = false;
   bool mIsLumivexOn = false;

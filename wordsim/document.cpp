@@ -51,7 +51,11 @@ void Document::Type(Long characters) {
 
 void Document::SetReadingLayout(bool on) {
   mIsInReadingLayout = on;
-  mFrame->Repaint();
+  ShowView();
+}
+
+void Document::ShowView() const {
+  mFrame->SetView(mIsInPreview ? PaperView::kPreview : mIsInReadingLayout ? PaperView::kReading : PaperView::kPage);
 }
 
 void Document::SetBookmark(const String& name, bool on) { mBookmarks->Set(name, on); }
@@ -103,14 +107,14 @@ Variant Document::ActiveWindowMember(const Call&) { return Object(mWindow); }
 
 Variant Document::PrintPreviewMember(const Call&) {
   mIsInPreview = true;
-  mFrame->Repaint();
+  ShowView();
   return {};
 }
 
 Variant Document::ClosePrintPreviewMember(const Call&) {
   if (!mIsInPreview) RaiseNotAvailable();
   mIsInPreview = false;
-  mFrame->Repaint();
+  ShowView();
   return {};
 }
 

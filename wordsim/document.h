@@ -41,6 +41,7 @@ class Document final : public SimObject {
   void SetBookmark(const String& name, bool on);
   void SetVariable(const String& name, const String& value);
   DocumentFrame& Frame() const { return *mFrame; }
+  void ShowView() const;
   const std::shared_ptr<DocumentFrame>& SharedFrame() const { return mFrame; }
   Object WindowObject() const;
   // The document and all its parts are gone.

@@ -3,7 +3,7 @@
 #include <utility>
 
 #include "wordsim/command_bars.h"
-#include "wordsim/frame_painter.h"
+#include "wordsim/window_part.h"
 #include "wordsim/word_world.h"
 
 namespace strandline::wordsim {
@@ -15,7 +15,6 @@ constexpr Long kMaximise = 3;
 constexpr Long kMinimise = 6;
 constexpr Long kShowInPlace = 8;
 constexpr Long kRestore = 9;
-constexpr Long kEraseBackground = 20;
 constexpr Rect kNowhere{0, 0, 0, 0};
 
 struct DockKind {
@@ -77,6 +76,12 @@ void DocumentFrame::SetDocumentName(const String& name) {
   mDocumentName = name;
   const TextView program = mIsOutlook ? u"Message" : u"Microsoft Word";
   mServices.host.SetTitle(mTop, name.IsEmpty() ? String(program) : Concat({name, u" - ", program}));
+  if (name.IsEmpty()) mView = PaperView::kPage;
+  Repaint();
+}
+
+void DocumentFrame::SetView(PaperView view) {
+  mView = view;
   Repaint();
 }
 
@@ -248,9 +253,44 @@ Long DocumentFrame::OnMessage(Long hwnd, Long message, Long wParam, Long lParam)
     Paint(hwnd, wParam);
     return 0;
   }
-  if (message == kEraseBackground) return 1;
   if (message == wm::kSize && hwnd == mTop) Arrange();
-  return mServices.host.DefaultProcedure(hwnd, message, wParam, lParam);
+  if (message >= wm::kLButtonDown && message <= wm::kRButtonDown) {
+    OnButton(hwnd, message, {static_cast<Integer>(lParam & 0xFFFF), static_cast<Integer>(lParam >> 16)});
+  }
+  if (hwnd == mTop || hwnd == mPaper) return mServices.host.DefaultProcedure(hwnd, message, wParam, lParam);
+  return HandleAsPart(mServices.host, hwnd, message, wParam, lParam);
+}
+
+// Whatever is pressed closes the menu. A control runs where it was pressed and released; the menu drops on the press.
+void DocumentFrame::OnButton(Long hwnd, Long message, Point inside) {
+  WordWorld& world = mServices.world;
+  const Long wasPressed = std::exchange(mPressed, 0);
+  const bool wasOpen = world.IsMenuOpen();
+  if (message != wm::kLButtonUp) world.CloseMenu();
+  for (const Slot& slot : mSlots) {
+    if (slot.hwnd != hwnd || slot.bar->Kind() != BarKind::kProduct) continue;
+    const Long control = ControlAt(slot, inside);
+    if (control == 0 || message == wm::kRButtonDown) return;
+    if (message == wm::kLButtonUp) {
+      if (control == wasPressed) world.PressControl(control);
+    } else if (control > 1) {
+      mPressed = control;
+    } else if (!wasOpen) {
+      world.PressControl(control);
+    }
+    return;
+  }
+}
+
+Long DocumentFrame::ControlAt(const Slot& slot, Point inside) const {
+  const auto& controls = slot.bar->Controls().All();
+  for (std::size_t i = 0; i < controls.size() && i < slot.places.size(); ++i) {
+    const CellPlace& cell = slot.places[i];
+    const bool isIn = inside.x >= cell.place.left && inside.x < cell.place.right && inside.y >= cell.place.top &&
+                      inside.y < cell.place.bottom;
+    if (isIn && controls[i]->IsVisible() && !cell.isDropped) return static_cast<Long>(i + 1);
+  }
+  return 0;
 }
 
 void DocumentFrame::Paint(Long hwnd, Long hdc) const {
@@ -263,7 +303,7 @@ void DocumentFrame::Paint(Long hwnd, Long hdc) const {
     return;
   }
   if (hwnd == mPaper) {
-    PaintPaper(canvas, hdc, size, mDocumentName);
+    PaintPaper(canvas, hdc, size, mDocumentName, mView);
     return;
   }
   for (const Slot& slot : mSlots) {

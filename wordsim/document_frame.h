@@ -12,6 +12,7 @@
 #include "platform/host.h"
 #include "platform/platform.h"
 #include "wordsim/bar_layout.h"
+#include "wordsim/frame_painter.h"
 #include "wordsim/window_names.h"
 
 namespace strandline::wordsim {
@@ -51,6 +52,7 @@ class DocumentFrame final : public WindowProcedure, public std::enable_shared_fr
   void Close();
   // The document's name; empty for none.
   void SetDocumentName(const String& name);
+  void SetView(PaperView view);
   FrameState State() const;
   void SetState(FrameState state);
   // Floating bars show above the active window only.
@@ -109,13 +111,17 @@ class DocumentFrame final : public WindowProcedure, public std::enable_shared_fr
   void MoveTo(Long hwnd, const Rect& place);
   Rect Where(Long hwnd) const;
   void Paint(Long hwnd, Long hdc) const;
+  void OnButton(Long hwnd, Long message, Point inside);
+  Long ControlAt(const Slot& slot, Point inside) const;
 
   FrameServices& mServices;
   bool mIsOutlook;
   Rect mNormalPlace;
   bool mIsMaximised = false;
   bool mIsActive = false;
+  Long mPressed = 0;  // Word's own control that the mouse was pressed on; 0: none
   String mDocumentName;
+  PaperView mView = PaperView::kPage;
   Long mTop = 0;
   Long mPaper = 0;
   std::vector<Dock> mDocks;

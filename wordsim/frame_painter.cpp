@@ -90,6 +90,16 @@ void PaintWords(HostCanvas& canvas, Long hdc, const Rect& column) {
   }
 }
 
+// One page, with that much room to the sides of its text.
+void PaintPage(HostCanvas& canvas, Long hdc, const Rect& page, Long textMargin, const String& documentName) {
+  canvas.FillRectangle(hdc, {page.left + 4, page.top + 4, page.right + 4, page.bottom}, kPaperShadow);
+  canvas.FillRectangle(hdc, page, kWhite);
+  if (page.right - page.left <= 2 * textMargin) return;
+  canvas.DrawTextLine(hdc, page.left + textMargin, page.top + 48, documentName, kBlack);
+  const Long top = page.top + 48 + 2 * canvas.TextHeight();
+  PaintWords(canvas, hdc, {page.left + textMargin, top, page.right - textMargin, page.bottom});
+}
+
 }  // namespace
 
 void PaintTop(HostCanvas& canvas, Long hdc, Size size, const FrameLooks& looks) {
@@ -108,21 +118,26 @@ void PaintDock(HostCanvas& canvas, Long hdc, Size size, Long version) {
   canvas.FillRectangle(hdc, {0, 0, size.width, size.height}, version >= 11 ? kDockFace : kClassicFace);
 }
 
-void PaintPaper(HostCanvas& canvas, Long hdc, Size size, const String& documentName) {
-  constexpr Long kTopMargin = 12;
-  constexpr Long kPageWidth = 640;
-  constexpr Long kTextMargin = 72;
+void PaintPaper(HostCanvas& canvas, Long hdc, Size size, const String& documentName, PaperView view) {
   canvas.FillRectangle(hdc, {0, 0, size.width, size.height}, kWorkspace);
   if (documentName.IsEmpty()) return;
-  const Long width = std::min(kPageWidth, std::max<Long>(0, size.width - 2 * kTopMargin));
-  const Long left = (size.width - width) / 2;
-  const Rect page{left, kTopMargin, left + width, size.height};
-  canvas.FillRectangle(hdc, {page.left + 4, page.top + 4, page.right + 4, page.bottom}, kPaperShadow);
-  canvas.FillRectangle(hdc, page, kWhite);
-  if (width <= 2 * kTextMargin) return;
-  canvas.DrawTextLine(hdc, page.left + kTextMargin, page.top + 48, documentName, kBlack);
-  PaintWords(canvas, hdc,
-             {page.left + kTextMargin, page.top + 48 + 2 * canvas.TextHeight(), page.right - kTextMargin, page.bottom});
+  constexpr Long kMargin = 12;
+  constexpr Long kPageWidth = 640;
+  const Long middle = size.width / 2;
+  if (view == PaperView::kReading) {
+    // Two screens of text side by side, without the margins of the paper.
+    PaintPage(canvas, hdc, {kMargin, kMargin, middle - kMargin / 2, size.height - kMargin}, 24, documentName);
+    PaintPage(canvas, hdc, {middle + kMargin / 2, kMargin, size.width - kMargin, size.height - kMargin}, 24, {});
+  } else if (view == PaperView::kPreview) {
+    // The whole page.
+    const Long height = std::max<Long>(0, size.height - 2 * kMargin);
+    const Long width = height * 7 / 10;
+    PaintPage(canvas, hdc, {middle - width / 2, kMargin, middle + width / 2, kMargin + height}, 36, documentName);
+  } else {
+    const Long width = std::min(kPageWidth, std::max<Long>(0, size.width - 2 * kMargin));
+    const Long left = (size.width - width) / 2;
+    PaintPage(canvas, hdc, {left, kMargin, left + width, size.height}, 72, documentName);
+  }
 }
 
 }  // namespace strandline::wordsim

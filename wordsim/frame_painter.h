@@ -16,6 +16,9 @@ inline constexpr Long kTitleHeight = 30;  // border included
 inline constexpr Long kMenuHeight = 22;
 inline constexpr Long kStatusHeight = 20;
 
+// How a document stands on its paper.
+enum class PaperView { kPage, kReading, kPreview };
+
 // What the looks depend on.
 struct FrameLooks {
   String title;
@@ -26,7 +29,7 @@ struct FrameLooks {
 void PaintTop(HostCanvas& canvas, Long hdc, Size size, const FrameLooks& looks);
 void PaintDock(HostCanvas& canvas, Long hdc, Size size, Long version);
 // The paper with a document on it; without one the empty workspace.
-void PaintPaper(HostCanvas& canvas, Long hdc, Size size, const String& documentName);
+void PaintPaper(HostCanvas& canvas, Long hdc, Size size, const String& documentName, PaperView view);
 // A command bar with its grip and the faces that Word itself has for its controls.
 void PaintBar(HostCanvas& canvas, Long hdc, Size size, const CommandBar& bar, BarPosition position,
               const std::vector<CellPlace>& places, Long version);

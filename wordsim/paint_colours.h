@@ -29,6 +29,10 @@ inline constexpr Long kRibbonText = Colour(0x15428B);
 inline constexpr Long kWorkspace = Colour(0x9CA0AE);
 inline constexpr Long kPaperShadow = Colour(0x6A6D78);
 inline constexpr Long kPaperText = Colour(0xC8C8C8);
+inline constexpr Long kTooltipFace = Colour(0xFFFFE1);
+inline constexpr Long kMenuFace = Colour(0xF6F6F6);
+inline constexpr Long kMenuEdge = Colour(0x002D96);
+inline constexpr Long kHoverFace = Colour(0xFFEEC2);
 inline constexpr Long kFaceKey = Colour(0x0000FF);  // what a picture for a bar leaves open
 
 }  // namespace strandline::wordsim

@@ -1,6 +1,7 @@
 #include "wordsim/product_objects.h"
 
 #include "wordsim/own_picture.h"
+#include "wordsim/tooltip_window.h"
 
 namespace strandline::wordsim {
 
@@ -15,6 +16,11 @@ const String& WebsiteAddress() {
 const String& DownloadUrl() {
   static const String kAddress = u"http://www.quillmere.example/toolbar/";
   return kAddress;
+}
+
+bool Flag(const Call& call, Name name) {
+  const Variant& given = call.ByName(name);
+  return !given.IsMissing() && given.ToBoolean();
 }
 
 }  // namespace
@@ -32,12 +38,17 @@ MemberTable TooltipObject::Members() const {
 Variant TooltipObject::ShowMember(const Call& call) {
   mOwner = call.Argument(0).ToLong();
   mText = call.Argument(1).ToText();
+  mWasForced = Flag(call, "forceRedraw");
+  mHasBackground = Flag(call, "addBackground");
   mIsShown = true;
+  if (mWindow) mWindow->Show(mText);
   return {};
 }
 
-Variant TooltipObject::HideMember(const Call&) {
+Variant TooltipObject::HideMember(const Call& call) {
+  mWasForced = Flag(call, "forceHide");
   mIsShown = false;
+  if (mWindow) mWindow->Hide();
   return {};
 }
 

@@ -10,7 +10,9 @@
 
 namespace strandline::wordsim {
 
-// The tooltip's own window isn't simulated; what it would show is remembered.
+class TooltipWindow;
+
+// Remembers what it was last asked to show, and shows it where it has been given a window.
 class TooltipObject final : public SimObject {
  public:
   explicit TooltipObject(Ref<ObjectUses> uses) : SimObject(std::move(uses)) {}
@@ -18,6 +20,11 @@ class TooltipObject final : public SimObject {
   const String& Text() const { return mText; }
   Long Owner() const { return mOwner; }  // the document window that it belongs to
   Long IconIndex() const { return mIconIndex; }
+  // What was asked for by name; False where it wasn't.
+  bool WasForced() const { return mWasForced; }
+  bool HasBackground() const { return mHasBackground; }
+  // The window outlives its use; null: none.
+  void ShowIn(TooltipWindow* window) { mWindow = window; }
 
  protected:
   std::string ObjectName() const override { return "tooltip"; }
@@ -33,6 +40,9 @@ class TooltipObject final : public SimObject {
   Long mOwner = 0;
   String mText;
   Long mIconIndex = 0;
+  bool mWasForced = false;
+  bool mHasBackground = false;
+  TooltipWindow* mWindow = nullptr;
 };
 
 class ProductStateObject final : public SimObject {

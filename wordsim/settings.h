@@ -21,6 +21,7 @@ struct Settings {
   Long barLate = 0;               // milliseconds between a document's first wish for the bar's window and its appearing
   Long controlHeight = 34;        // pixels, of the bar's controls
   Long controlCount = 16;         // of the product's bar
+  bool showsTooltips = false;     // the product's tooltip has a window of its own
   std::vector<String> templates;  // loaded beside Normal and the product's own
   std::vector<String> missingComponents;  // ProgIDs that can't be created
 };

@@ -7,7 +7,10 @@
 #include "wordsim/command_bars.h"
 #include "wordsim/document.h"
 #include "wordsim/document_frame.h"
+#include "wordsim/popup_menu.h"
 #include "wordsim/product.h"
+#include "wordsim/product_objects.h"
+#include "wordsim/tooltip_window.h"
 
 namespace strandline::wordsim {
 
@@ -48,10 +51,15 @@ WordWorld::WordWorld(const Platform& platform, HostWindows& hostWindows, HostCan
   mSettings.controlHeight = std::clamp<Long>(mSettings.controlHeight, 0, kHighestControl);
   MakeBars();
   mApplication = New<ApplicationObject>(mUses, *this);
+  if (!mSettings.showsTooltips) return;
+  mTooltip = std::make_unique<TooltipWindow>(*mFrameServices);
+  mProduct->Tooltip().ShowIn(mTooltip.get());
 }
 
 WordWorld::~WordWorld() {
   mUses->EndAll();
+  mMenu.reset();
+  mTooltip.reset();
   for (const auto& document : mDocuments) document->End();
   for (const auto& frame : mFrames) frame->Close();
 }
@@ -124,11 +132,13 @@ Document& WordWorld::Open(const String& name, OpenFlags flags) {
   auto document = New<Document>(mUses, *this, name, flags, ++mLastDocumentIdentity, frame);
   mDocuments.insert(mDocuments.begin(), document);
   frame->SetDocumentName(name);
+  document->ShowView();
   Front(*document);
   return *document;
 }
 
 void WordWorld::Front(Document& document) {
+  CloseMenu();
   mRecent.erase(std::remove(mRecent.begin(), mRecent.end(), &document), mRecent.end());
   mRecent.insert(mRecent.begin(), &document);
   const Long top = document.Frame().Top();
@@ -156,6 +166,7 @@ bool WordWorld::Close(const String& name) {
 }
 
 void WordWorld::GoAway(const Ref<Document>& document) {
+  CloseMenu();
   const auto frame = document->SharedFrame();
   document->End();
   mRecent.erase(std::remove(mRecent.begin(), mRecent.end(), document.get()), mRecent.end());
@@ -173,6 +184,7 @@ bool WordWorld::Minimise(const String& name) {
   Document* document = Find(name);
   if (!document) return false;
   const bool wasActive = document == Active();
+  CloseMenu();
   mPlatform.windows->ShowWindow(document->Frame().Top(), kMinimise);
   document->Frame().Arrange();
   // The next one that isn't minimised comes to the front.
@@ -210,6 +222,20 @@ bool WordWorld::SetEmail(bool on) {
   return Active() != nullptr;
 }
 
-void WordWorld::Cover(bool covered) { mHostWindows.CoverScreen(covered); }
+void WordWorld::Cover(bool covered) {
+  CloseMenu();
+  mHostWindows.CoverScreen(covered);
+}
+
+void WordWorld::ShowDialog(Long number) {
+  struct Open {
+    explicit Open(int& count) : mCount(count) { ++mCount; }
+    ~Open() { --mCount; }
+    int& mCount;
+  };
+  const Open open(mOpenDialogs);
+  CloseMenu();
+  if (mHooks.showDialog) mHooks.showDialog(number);
+}
 
 }  // namespace strandline::wordsim

@@ -23,7 +23,10 @@ class CommandBar;
 class Document;
 class DocumentFrame;
 class FrameServices;
+class BarControl;
+class PopupMenu;
 class Product;
+class TooltipWindow;
 
 class WordWorld {
  public:
@@ -75,8 +78,21 @@ class WordWorld {
   // The place of a control in the pixels of the bar's window of that document (null: of the active one); an empty
   // rectangle when there is none.
   Rect CellPlace(Long control, const Document* document = nullptr) const;
+  // The product's menu drops below its control in the active window, until an entry is picked or the user goes
+  // elsewhere. One that is open already opens anew. False when there is no such control in sight.
+  bool OpenMenu();
+  void CloseMenu();
+  bool IsMenuOpen() const { return mMenu != nullptr; }
+  // Where an entry of the open menu stands on the screen; empty when it doesn't show.
+  Rect EntryPlace(const String& caption) const;
   // The user picks the entry of that caption from the product's menu. False when no entry that shows is called so.
   bool PickEntry(const String& caption);
+  void Pick(BarControl& entry);
+  // The user presses Word's own control, where nothing lies over it.
+  void PressControl(Long control);
+  // One of Word's dialogs is open as long as the hook runs; its controls can't be executed meanwhile.
+  void ShowDialog(Long number);
+  bool IsDialogOpen() const { return mOpenDialogs > 0; }
   CommandBar& ProductBar() const { return *mProductBar; }
 
   // Windows: "top 1" a document's window, "bar 1" a window of the product's bar, each numbered in the order of making.
@@ -105,6 +121,8 @@ class WordWorld {
   void Front(Document& document);
   std::shared_ptr<DocumentFrame> FrameFor(OpenFlags flags);
   void GoAway(const Ref<Document>& document);
+  // Word takes what is changed of the bar for a change of the template that it came from.
+  void MarkTemplate();
 
   Settings mSettings;
   Platform mPlatform;
@@ -120,6 +138,9 @@ class WordWorld {
   std::vector<Ref<Document>> mDocuments;
   std::vector<Document*> mRecent;  // the active one first
   std::vector<std::shared_ptr<DocumentFrame>> mFrames;
+  std::unique_ptr<TooltipWindow> mTooltip;
+  std::unique_ptr<PopupMenu> mMenu;
+  int mOpenDialogs = 0;
   Long mLastDocumentIdentity = 0;
 };
 

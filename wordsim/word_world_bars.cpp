@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "wordsim/application.h"
 #include "wordsim/command_bars.h"
 #include "wordsim/document.h"
 #include "wordsim/document_frame.h"
@@ -44,6 +45,7 @@ bool WordWorld::ResizeBar(Long width, Long height) {
 bool WordWorld::DockBar(BarPosition position) {
   DocumentFrame* frame = ActiveFrame();
   if (!frame || frame->BarWindow(*mProductBar) == 0) return false;
+  CloseMenu();
   mProductBar->SetPosition(position);
   return frame->DragBar(*mProductBar, position);
 }
@@ -53,19 +55,18 @@ Rect WordWorld::CellPlace(Long control, const Document* document) const {
   return frame ? frame->PlaceOf(*mProductBar, control).place : Rect{};
 }
 
-bool WordWorld::PickEntry(const String& caption) {
-  const BarControl* menu = mProductBar->Controls().Control(1);
-  const BarControl* entry = menu && menu->Popup() ? menu->Popup()->Find(caption) : nullptr;
-  if (!entry || !entry->IsVisible() || !entry->IsEnabled()) return false;
-  if (mHooks.executeEntry) mHooks.executeEntry(entry->PositionInOwner());
-  return true;
+void WordWorld::MarkTemplate() {
+  if (mApplication) mApplication->ProductTemplate().MarkChanged();
 }
 
 void WordWorld::BarsChanged() {
+  MarkTemplate();
+  if (!mProductBar->IsVisible()) CloseMenu();
   for (const auto& frame : mFrames) frame->Arrange();
 }
 
 void WordWorld::BarRepositioned(CommandBar& bar) {
+  MarkTemplate();
   for (const auto& frame : mFrames) frame->Reposition(bar, bar.Position());
 }
 
@@ -80,6 +81,7 @@ void WordWorld::ControlRemoved(CommandBar& bar, Long position) {
 }
 
 void WordWorld::RepaintBars() {
+  MarkTemplate();
   for (const auto& frame : mFrames) frame->RepaintBars();
 }
 

@@ -56,6 +56,7 @@ class Desk {
   DeskClipboard& Clipboard() { return mClipboard; }
 
   HostWindows& Host() { return mWindows; }
+  HostMouse& Mouse() { return mWindows; }
   HostClock& Clock() { return mWindows; }
   HostCanvas& Canvas() { return mGraphics; }
 

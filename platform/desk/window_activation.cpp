@@ -1,4 +1,4 @@
-// Which window is in front: activation, foreground rights, showing and hiding, the pointer and its capture.
+// Which window is in front: activation, foreground rights, showing and hiding, and who has the mouse capture.
 
 #include <algorithm>
 
@@ -118,24 +118,6 @@ void WindowSystem::RaiseWithin(Window& window) {
 bool WindowSystem::ForegroundIsOthers() const {
   const Window* const foreground = mTree.Find(mForeground);
   return foreground != nullptr && !foreground->IsOurs();
-}
-
-Long WindowSystem::GetCursorPos(Point& point) {
-  point = mPointer;
-  return kTrue;
-}
-
-Long WindowSystem::SetCursorPos(Long x, Long y) {
-  const Rect& screen = mTree.Desktop().bounds;
-  mPointer = {std::clamp(x, screen.left, screen.right - 1), std::clamp(y, screen.top, screen.bottom - 1)};
-  const Long hwnd = mCapture != 0 ? mCapture : WindowAt(mPointer);
-  if (hwnd == 0) return kTrue;
-  Point inside = mPointer;
-  ScreenToClient(hwnd, inside);
-  const auto packed =
-      (static_cast<std::uint32_t>(inside.y) & 0xFFFF) << 16 | (static_cast<std::uint32_t>(inside.x) & 0xFFFF);
-  mQueue.PostMouseMove(NewMessage(hwnd, wm::kMouseMove, mMouseKeys, static_cast<Long>(packed)));
-  return kTrue;
 }
 
 Long WindowSystem::ReleaseCapture() {

@@ -14,29 +14,6 @@ constexpr Long kNull = 0;  // WM_NULL
 constexpr Long kFirstCookie = 0x400000;
 constexpr std::int64_t kForever = std::numeric_limits<std::int64_t>::max();
 
-constexpr Long kLeftKey = 1;
-constexpr Long kRightKey = 2;
-constexpr Long kRButtonUp = 517;
-
-// Which buttons are down after this input, as its sender tells.
-Long KeysAfter(Long keys, const Message& input) {
-  switch (input.message) {
-    case wm::kLButtonDown:
-    case wm::kLButtonDblClk:
-      return keys | kLeftKey;
-    case wm::kLButtonUp:
-      return keys & ~kLeftKey;
-    case wm::kRButtonDown:
-      return keys | kRightKey;
-    case kRButtonUp:
-      return keys & ~kRightKey;
-    case wm::kMouseMove:
-      return input.wParam;
-    default:
-      return keys;
-  }
-}
-
 [[noreturn]] void ThrowStuck(const char* caller, const char* what) { throw Stuck{std::string(caller) + what}; }
 
 }  // namespace
@@ -84,7 +61,7 @@ void WindowSystem::Post(Long hwnd, Long message, Long wParam, Long lParam) {
 }
 
 void WindowSystem::PostInput(Long hwnd, Long message, Long wParam, Long lParam) {
-  if (IsWindow(hwnd)) mQueue.PostInput(NewMessage(hwnd, message, wParam, lParam));
+  if (IsWindow(hwnd)) mQueue.PostInput({NewMessage(hwnd, message, wParam, lParam), false});
 }
 
 Long WindowSystem::SetTimer(Long hwnd, Long id, Long milliseconds, TimerProc procedure) {
@@ -118,11 +95,7 @@ bool WindowSystem::Take(Message& message, bool withQuit) {
     message = NewMessage(0, wm::kQuit, 0, 0);
     return true;
   }
-  if (TakeFor(&MessageQueue::TakeInput, message)) {
-    mMouseKeys = KeysAfter(mMouseKeys, message);
-    return true;
-  }
-  return TakePaint(message) || TakeTick(message);
+  return TakeInput(message) || TakePaint(message) || TakeTick(message);
 }
 
 // Messages for windows that are gone by now are dropped.

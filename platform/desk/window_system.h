@@ -7,8 +7,9 @@
 // rights, with threads attached or not; messages, timers and hooks of windows that go while they are used.
 //
 // Simplified: a window has no frame of the system's own; a moved one paints anew instead of being copied; an iconic one
-// keeps its place; activation sends no messages; input goes to the window that the host names; the other program is one
-// window without a procedure, and attaching threads changes nothing but the right to the foreground.
+// keeps its place; activation sends no messages, and a click activates nothing; all windows know double clicks; the
+// other program is one window without a procedure, and attaching threads changes nothing but the right to the
+// foreground.
 //
 // Left out: keyboard, focus, menus, system dialogs, message filters, more than one screen.
 //
@@ -29,7 +30,7 @@
 
 namespace strandline::desk {
 
-class WindowSystem final : public Windows, public HostWindows, public HostClock, public Subclassers {
+class WindowSystem final : public Windows, public HostWindows, public HostMouse, public HostClock, public Subclassers {
  public:
   // So many paints in a row at one instant, by a window that doesn't validate, are a storm.
   static constexpr int kPaintStorm = 10'000;
@@ -91,6 +92,14 @@ class WindowSystem final : public Windows, public HostWindows, public HostClock,
   void PlacePointer(Point screen) override { mPointer = screen; }
   void CoverScreen(bool covered) override;
 
+  // HostMouse
+  void MoveTo(Point screen) override;
+  void Press(MouseButton button) override;
+  void PressAgain() override;
+  void Release(MouseButton button) override;
+  void Hold(bool left, bool shift) override;
+  void AimAt(Long hwnd) override { mAim = hwnd; }
+
   // HostClock
   std::int64_t Milliseconds() override { return mClock.Now(); }
   void After(std::int64_t milliseconds, std::function<void()> work) override;
@@ -99,7 +108,7 @@ class WindowSystem final : public Windows, public HostWindows, public HostClock,
   // Subclassers
   Ref<Subclasser> Create() override { return mHooks->Create(); }
 
-  // Input from the host's hand, behind posted messages and before paint.
+  // Input for that window, whatever is under the pointer; behind posted messages and before paint.
   void PostInput(Long hwnd, Long message, Long wParam, Long lParam);
   // The innermost window of ours that shows at this pixel of the screen, 0 when none does.
   Long WindowAt(Point screen) const;
@@ -134,6 +143,12 @@ class WindowSystem final : public Windows, public HostWindows, public HostClock,
   void MoveCapture(Long hwnd);
   void SendDestroy(Window& window);
 
+  // window_mouse.cpp
+  void PostButton(Long message);
+  void PostMove(Long keys);
+  bool TakeInput(Message& message);
+  void Direct(Message& input);
+
   // window_messages.cpp
   Long CallProcedure(Long hwnd, Long message, Long wParam, Long lParam);
   Message NewMessage(Long hwnd, Long message, Long wParam, Long lParam) const;
@@ -158,7 +173,9 @@ class WindowSystem final : public Windows, public HostWindows, public HostClock,
   std::vector<TimerProc> mTimerProcs;  // a tick carries its procedure as a number
   Point mPointer;
   std::int64_t mAlone = 0;  // milliseconds of waiting in which nothing but timers can have come
-  Long mMouseKeys = 0;      // MK_ flags, as far as input has told
+  Long mMouseKeys = 0;      // mousekey flags, as far as input has told
+  Long mHandKeys = 0;       // as the hand holds them now
+  Long mAim = 0;            // the window that the hand reaches; 0: whichever is found
   Long mCapture = 0;
   Long mActive = 0;
   Long mLastActive = 0;  // the last one of ours, also while another program is active

@@ -28,6 +28,7 @@ class World {
   virtual Platform Services() = 0;
   virtual HostWindows& Host() = 0;
   virtual HostCanvas& Canvas() = 0;
+  virtual HostMouse& Mouse() = 0;
   virtual HostClock& Clock() = 0;
   // A new module, there as long as the world is: the path by which it can be loaded; empty where it can't be made.
   virtual String MakeModule(const ModuleContents& contents) = 0;
@@ -58,6 +59,7 @@ class Contract : public testing::Test {
   Platform Services() { return mWorld->Services(); }
   HostWindows& Host() { return mWorld->Host(); }
   HostCanvas& Canvas() { return mWorld->Canvas(); }
+  HostMouse& Mouse() { return mWorld->Mouse(); }
   HostClock& Clock() { return mWorld->Clock(); }
   String MakeModule(const ModuleContents& contents) { return mWorld->MakeModule(contents); }
   void Compute(std::int64_t milliseconds) { mWorld->Compute(milliseconds); }

@@ -15,6 +15,7 @@ class DeskWorld final : public World {
   Platform Services() override { return mDesk.Services(); }
   HostWindows& Host() override { return mDesk.Host(); }
   HostCanvas& Canvas() override { return mDesk.Canvas(); }
+  HostMouse& Mouse() override { return mDesk.Mouse(); }
   HostClock& Clock() override { return mDesk.Clock(); }
 
   String MakeModule(const ModuleContents& contents) override {

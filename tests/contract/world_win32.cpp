@@ -6,6 +6,7 @@
 
 #include "platform/win32/host/win32_host_canvas.h"
 #include "platform/win32/host/win32_host_clock.h"
+#include "platform/win32/host/win32_host_mouse.h"
 #include "platform/win32/host/win32_host_windows.h"
 #include "platform/win32/win32_platform.h"
 #include "tests/contract/contract.h"
@@ -77,6 +78,7 @@ class WindowsWorld final : public World {
   Platform Services() override { return mPlatform.Services(); }
   HostWindows& Host() override { return mWindows; }
   HostCanvas& Canvas() override { return mCanvas; }
+  HostMouse& Mouse() override { return mMouse; }
   HostClock& Clock() override { return mClock; }
 
   String MakeModule(const ModuleContents& contents) override {
@@ -93,6 +95,7 @@ class WindowsWorld final : public World {
   win32::Win32Platform mPlatform{u"Software\\Strandline Contract"};
   win32::Win32HostWindows mWindows;
   win32::Win32HostCanvas mCanvas;
+  win32::Win32HostMouse mMouse;
   win32::Win32HostClock mClock;
   std::vector<String> mFiles;
 };

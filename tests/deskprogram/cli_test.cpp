@@ -35,7 +35,7 @@ TEST(DeskProgram_AWrongScene, GivesOneLineAndExitCode2) {
     const char* scene;
     const char* error;  // a pattern
   } kCases[] = {
-      {"hover 3\n", "a.scene:1: unknown command \"hover\"; known commands are: *"},
+      {"juggle 3\n", "a.scene:1: unknown command \"juggle\"; known commands are: *"},
       {"open A.doc\n", "a.scene:1: \"open NAME [icon] *\" needs start before it"},
       {"start\nstart\n", "a.scene:2: a second start; one is right"},
       {"start\ndpi 96\n", "a.scene:2: \"dpi N\" comes too late; it must stand before start"},
@@ -64,13 +64,29 @@ TEST(DeskProgram_AWrongScene, GivesOneLineAndExitCode2) {
       {"cell 17 0 0 1 1\n", "a.scene:1: the bar has no control 17; set their number with controls N"},
       {"fail window Beep\n", "a.scene:1: \"Beep\" is no service that can fail; those are: *GetDC*SetTimer*"},
       {"fail window CreateObject\n", "a.scene:1: \"CreateObject\" is no service that can fail; those are: *"},
+      {"hover 3\n", "a.scene:1: the active document has no window of the bar; *"},
+      {"mouse move 3 4\n", "a.scene:1: the active document has no window of the bar; *"},
+      {"mouse over A.doc\n", "a.scene:1: no document \"A.doc\" is open; none is"},
+      {"start\nopen A.doc\nopen B.doc\nmouse over A.doc\nvanish A.doc\nclick 3\n",
+       "a.scene:6: the document \"A.doc\" is gone; say where the mouse is with mouse over"},
+      {"start\nopen A.doc\nclick 17\n", "a.scene:3: the bar has no control 17; set their number with controls N"},
+      {"cell 3 9 9 0 0\nstart\nopen A.doc\nhover 3\n",
+       "a.scene:4: control 3 has no place on the bar; give it one with cell"},
+      {"pick Nothing\n", "a.scene:1: no entry of the menu that can be picked is called \"Nothing\"; those are: *"},
+      {"controls 0\npick Nothing\n", "a.scene:2: the bar has no menu; give it controls with controls N"},
+      {"start\nopen A.doc\nmacro 3 vanish B.doc\nwait 100\nclick 3\n",
+       "a.scene:3: no document \"B.doc\" is open; open are: A.doc"},
+      {"start\nexecute ShrinkToolbar\nopen A.doc\nwait 50\nmacro 3 click 3\nclick 3\n",
+       "a.scene:5: macros run inside each other without end; *"},
+      {"start\nclipboard text late\n",
+       "a.scene:2: \"clipboard rtf|text TEXT\" comes too late; it must stand before start"},
       {"then log\n", "a.scene:1: then has nothing to come after; put an expect before it"},
       {"start\nopen A.doc\nafter 10 close B.doc\nwait 20\n",
        "a.scene:3: no document \"B.doc\" is open; open are: A.doc"},
       {"start\nopen A.doc\nminimise A.doc\nshot a.png\n", "a.scene:4: the bar's window isn't shown; *"},
       {"start\nfoo\x1b[31m\n", "a.scene:2: unknown command \"foo?[31m\"; known commands are: *"},
       {"start\nopen A.doc\nshot nowhere\n", "a.scene:3: FILE.png must be a file name that ends with .png, *"},
-      {"expect log\nthen box\nhover 1\n", "a.scene:3: unknown command*"},
+      {"expect log\nthen box\njuggle 1\n", "a.scene:3: unknown command*"},
   };
   DeskRunner runner;
   for (const auto& each : kCases) {

@@ -19,6 +19,7 @@ class LackingSession final : public Session {
   LibraryWatch& Watch() override { return mDesk.Watch(); }
   wordsim::WordWorld& World() override { return mDesk.World(); }
   HostClock& Clock() override { return mDesk.Clock(); }
+  HostMouse& Mouse() override { return mDesk.Mouse(); }
   std::string Start() override {
     if (World().TheSettings().productName == u"Nowhere") return "there is no library; install one";
     return mDesk.Start();
