@@ -67,7 +67,7 @@ strandline_floor(strandline_wordhost FOLDERS wordhost USES strandline_play stran
 get_target_property(wordhost_sources strandline_wordhost SOURCES)
 list(FILTER wordhost_sources EXCLUDE REGEX "/wordhost/main\\.cpp$")
 set_target_properties(strandline_wordhost PROPERTIES SOURCES "${wordhost_sources}")
-add_executable(strandline-host wordhost/main.cpp)
+add_executable(strandline-host wordhost/main.cpp ${CMAKE_CURRENT_BINARY_DIR}/images.rc)
 target_link_libraries(strandline-host PRIVATE strandline_wordhost)
 add_dependencies(strandline-host strandline)
 
@@ -96,10 +96,6 @@ file(GLOB test_sources CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/tests/contract/*.cp
 list(FILTER test_sources EXCLUDE REGEX "_desk\\.cpp$")
 add_executable(strandline_win32_tests ${test_sources} ${CMAKE_CURRENT_BINARY_DIR}/images.rc)
 target_link_libraries(strandline_win32_tests PRIVATE strandline_server strandline_wordhost gtest gmock)
-if(CMAKE_SIZEOF_VOID_P EQUAL 4)
-  # Objects of a 32-bit process may lie above its lower half; their identities are told apart there too.
-  target_link_options(strandline_win32_tests PRIVATE -Wl,--large-address-aware)
-endif()
 target_compile_options(strandline_win32_tests PRIVATE $<$<COMPILE_LANGUAGE:CXX>:-O0 -g0>)
 target_precompile_headers(strandline_win32_tests PRIVATE $<$<COMPILE_LANGUAGE:CXX>:<gtest/gtest.h$<ANGLE-R>>)
 add_dependencies(strandline_win32_tests strandline strandline_test_module)

@@ -254,6 +254,8 @@ Long DocumentFrame::OnMessage(Long hwnd, Long message, Long wParam, Long lParam)
     return 0;
   }
   if (message == wm::kSize && hwnd == mTop) Arrange();
+  // A macro behind a control may close the document, and this frame with it.
+  const std::shared_ptr<DocumentFrame> alive = weak_from_this().lock();
   if (message >= wm::kLButtonDown && message <= wm::kRButtonDown) {
     OnButton(hwnd, message, {static_cast<Integer>(lParam & 0xFFFF), static_cast<Integer>(lParam >> 16)});
   }

@@ -99,15 +99,18 @@ TEST_F(Click, OnEachCell_RunsTheControlOfItsNumberOnce) {
   }
 }
 
-TEST_F(Click, TheButtonUpWithoutAHighlight_RunsNothing_AndIsWords) {
+TEST_F(Click, TheButtonUpWithoutAHighlight_AsksTheBarForNothing_AndIsWords) {
   BeginWithCells();
   int runs = 0;
   OnExecute([&](Long) { ++runs; });
-  for (const Point at : {MiddleOf(5), Outside()}) {
+  trace().Listen(Trace::kUses);
+  trace().Only({"get bar", "get controls", "get Application CommandBars", "call control"});
+  for (const Point& at : {MiddleOf(5), Outside()}) {
     Place(at);
     EXPECT_FALSE(Release(at));
     EXPECT_EQ(Held().lastUp, 0);
   }
+  EXPECT_EQ(Heard(), "");
   EXPECT_EQ(runs, 0);
 }
 

@@ -195,6 +195,16 @@ TEST_F(OwnControls, OnesThatCantRun_Dont) {
   EXPECT_EQ(did, "control 7|");
 }
 
+TEST_F(OwnControls, AMacroThatClosesTheDocument_EndsTheClickInPeace) {
+  World().Open(u"B.doc");
+  Wait(10);
+  World().TheHooks().executeControl = [&](Long) { World().Close(u"B.doc"); };
+  const Long bar = World().ActiveBarWindow();
+  ClickAt(OnControl(5));
+  EXPECT_FALSE(Windows().IsWindow(bar));
+  EXPECT_EQ(World().Documents().size(), 1u);
+}
+
 TEST_F(OwnControls, TheMenusControl_OpensOnThePressAndClosesOnTheNext) {
   Move(OnControl(1));
   Windows().Press(MouseButton::kLeft);
