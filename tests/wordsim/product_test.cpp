@@ -13,8 +13,9 @@ class Listener final : public Dispatch {
  public:
   Variant Invoke(Use, Name member, const Arguments& arguments) override {
     if (raises) Raise(errors::kOverflow);
-    heard.push_back(std::string(member.Text()) + " " + Shown(arguments.positional[0]) + " " +
-                    Shown(arguments.positional[1]));
+    std::string line(member.Text());
+    for (const Variant& argument : arguments.positional) line += " " + Shown(argument);
+    heard.push_back(std::move(line));
     return {};
   }
   Long Identity() const override { return 1; }
