@@ -4,10 +4,13 @@
 #include <gtest/gtest.h>
 
 #include <optional>
+#include <set>
 
 #include "play/journal_file.h"
+#include "play/main2_calls.h"
 #include "tests/wordhost/system_handles.h"
 #include "wordhost/host_session.h"
+#include "wordhost/window_pixels.h"
 #include "wordsim/document.h"
 //
 #include "platform/win32/windows_api.h"
@@ -31,6 +34,7 @@ class StartedWord {
     mSession.emplace(settings, wordhost::HostSession::Surroundings{mRegistry, mLibrary, mJournal, nullptr, {}}, false);
     EXPECT_EQ(mSession->Problem(), "");
     EXPECT_EQ(mSession->Start(), "");
+    play::InitializeMain2(*mSession, settings.world.productName);
   }
   ~StartedWord() {
     if (mSession) End();
@@ -56,6 +60,7 @@ class StartedWord {
     wordsim::Document& document = mSession->World().Open(name);
     mSession->Main2().Call("HandleCreateDocument", false);
     LetMessagesRun();
+    if (ShowsIcons()) ++mPaintedLives;
     const Object face = Ref<wordsim::Document>(&document);
     ASSERT_TRUE(mSession->Main2().Call("HandleCloseDocument", face).ToBoolean());
     mSession->World().Close(name);
@@ -64,8 +69,17 @@ class StartedWord {
   void LiveAndDie(int times) {
     for (int i = 0; i < times; ++i) LiveAndDie(Concat({u"Life ", DecimalText(i), u".doc"}));
   }
+  // How many of the lives showed a strip with its icons.
+  int PaintedLives() const { return mPaintedLives; }
 
  private:
+  // A bar without its icons, be it Word's own or the frame alone, has a handful of colours.
+  bool ShowsIcons() {
+    constexpr std::size_t kColoursWithoutIcons = 20;
+    const wordhost::WindowPixels read = wordhost::ReadWindow(mSession->World().ActiveBarWindow());
+    return std::set<std::uint32_t>(read.pixels.begin(), read.pixels.end()).size() > kColoursWithoutIcons;
+  }
+
   // The first paints after a size are dropped, and each round ends at a window's second one.
   void LetMessagesRun() {
     for (int round = 0; round < 6; ++round) mSession->World().Services().windows->DoEvents();
@@ -75,6 +89,7 @@ class StartedWord {
   wordhost::LibraryModule mLibrary{DllPath()};
   play::JournalFile mJournal;
   std::optional<wordhost::HostSession> mSession;
+  int mPaintedLives = 0;
 };
 
 }  // namespace
@@ -92,8 +107,10 @@ TEST(SystemHandles, AreReallyCounted) {
 TEST(DocumentLives, AThousandOfThem_LeaveNothingOfTheSystems) {
 #ifdef _WIN64
   StartedWord word(u"16.0");
+  constexpr int kPainted = 0;  // of a ribbon Word's documents none has a strip
 #else
   StartedWord word(u"11.0");
+  constexpr int kPainted = 1010;
 #endif
   word.LiveAndDie(10);
   const SystemHandles before = SystemHandles::Now();
@@ -101,6 +118,7 @@ TEST(DocumentLives, AThousandOfThem_LeaveNothingOfTheSystems) {
   const SystemHandles after = SystemHandles::Now();
   EXPECT_EQ(after.graphics, before.graphics);
   EXPECT_EQ(after.windows, before.windows);
+  EXPECT_EQ(word.PaintedLives(), kPainted);
   EXPECT_TRUE(word.End());
 }
 
