@@ -123,7 +123,9 @@ void Main2::ProcessEliteButtons(Boolean needsShrinking) {
   STEP(list = ToolbarUtilities::CommandBar().Get("Controls").ToObject());
   if (needsShrinking) STEP(ShrinkDropDownMenu(list.Get("Item", kMenuControl).ToObject()));
   STEP(count = list.Get("count").ToInteger());
-  for (Integer i = kProductControl; i <= count; ++i) {
+  // The counter is wider than the positions, so that it gets past the last of them whatever the count.
+  for (Long number = kProductControl; number <= count; ++number) {
+    const auto i = static_cast<Integer>(number);
     STEP(control = list.Get("Item", i).ToObject());
     if (needsShrinking) {
       STEP(control.Let("height", kSmallControl));
@@ -134,7 +136,7 @@ void Main2::ProcessEliteButtons(Boolean needsShrinking) {
   here.IgnoreErrors();
   if (needsShrinking) {
     STEP(count = list.Get("count").ToInteger());
-    for (Integer i = kProductControl; i <= count; ++i) PaintEliteToolbarIcon(i);
+    for (Long i = kProductControl; i <= count; ++i) PaintEliteToolbarIcon(static_cast<Integer>(i));
   } else {
     PaintEliteToolbarIcon(kProductControl);  // no other icon can have changed
   }

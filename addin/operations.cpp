@@ -43,26 +43,44 @@ Variant RunHandleCreateDocument(Main2& main, Given given) {
 }
 Variant RunHandleCloseDocument(Main2& main, Given given) { return main.HandleCloseDocument(given[0].Target()); }
 
+template <class Result, class... Arguments>
+constexpr std::optional<ParameterKind> ResultOf(Result (Main2::*)(Arguments...)) {
+  if constexpr (std::is_same_v<Result, Boolean>) return ParameterKind::kBoolean;
+  if constexpr (std::is_same_v<Result, String>) return ParameterKind::kString;
+  if constexpr (std::is_same_v<Result, Object>) return ParameterKind::kObject;
+  return std::nullopt;
+}
+
+template <auto kOperation>
+constexpr Main2Operation Plain(Name name, bool isProperty = false) {
+  return {name, isProperty, {}, ResultOf(kOperation), &Run<kOperation>};
+}
+
+template <auto kOperation>
+constexpr Main2Operation With(Name name, std::span<const Parameter> parameters, Variant (*run)(Main2&, Given)) {
+  return {name, false, parameters, ResultOf(kOperation), run};
+}
+
 constexpr Main2Operation kTable[] = {
-    {"Initialize", false, kInitialize, &RunInitialize},
-    {"Execute", false, kCommand, &RunExecute},
-    {"EnableGotoQuickBookmark", false, kValue, &RunEnableGotoQuickBookmark},
-    {"RibbonHandler", true, {}, &Run<&Main2::RibbonHandler>},
-    {"ReadingMode", false, {}, &Run<&Main2::ReadingMode>},
-    {"ReadingModeLayout", false, {}, &Run<&Main2::ReadingModeLayout>},
-    {"CloseReadingMode", false, {}, &Run<&Main2::CloseReadingMode>},
-    {"ToggleLumivex", false, {}, &Run<&Main2::ToggleLumivex>},
-    {"FilePrintPreview2", false, {}, &Run<&Main2::FilePrintPreview2>},
-    {"ClosePreview", false, {}, &Run<&Main2::ClosePreview>},
-    {"ShrinkToolbar", false, {}, &Run<&Main2::ShrinkToolbar>},
-    {"ProductNameChanged", false, {}, &Run<&Main2::ProductNameChanged>},
-    {"OpenUserManual", false, {}, &Run<&Main2::OpenUserManual>},
-    {"UseQuillmere", false, {}, &Run<&Main2::UseQuillmere>},
-    {"HandleCreateDocument", false, kStartedFromIcon, &RunHandleCreateDocument},
-    {"HandleDocumentChange", false, {}, &Run<&Main2::HandleDocumentChange>},
-    {"HandleCloseDocument", false, kDoc, &RunHandleCloseDocument},
-    {"ClickOnAd", false, {}, &Run<&Main2::ClickOnAd>},
-    {"Quit", false, {}, &Run<&Main2::Quit>},
+    With<&Main2::Initialize>("Initialize", kInitialize, &RunInitialize),
+    With<&Main2::Execute>("Execute", kCommand, &RunExecute),
+    With<&Main2::EnableGotoQuickBookmark>("EnableGotoQuickBookmark", kValue, &RunEnableGotoQuickBookmark),
+    Plain<&Main2::RibbonHandler>("RibbonHandler", true),
+    Plain<&Main2::ReadingMode>("ReadingMode"),
+    Plain<&Main2::ReadingModeLayout>("ReadingModeLayout"),
+    Plain<&Main2::CloseReadingMode>("CloseReadingMode"),
+    Plain<&Main2::ToggleLumivex>("ToggleLumivex"),
+    Plain<&Main2::FilePrintPreview2>("FilePrintPreview2"),
+    Plain<&Main2::ClosePreview>("ClosePreview"),
+    Plain<&Main2::ShrinkToolbar>("ShrinkToolbar"),
+    Plain<&Main2::ProductNameChanged>("ProductNameChanged"),
+    Plain<&Main2::OpenUserManual>("OpenUserManual"),
+    Plain<&Main2::UseQuillmere>("UseQuillmere"),
+    With<&Main2::HandleCreateDocument>("HandleCreateDocument", kStartedFromIcon, &RunHandleCreateDocument),
+    Plain<&Main2::HandleDocumentChange>("HandleDocumentChange"),
+    With<&Main2::HandleCloseDocument>("HandleCloseDocument", kDoc, &RunHandleCloseDocument),
+    Plain<&Main2::ClickOnAd>("ClickOnAd"),
+    Plain<&Main2::Quit>("Quit"),
 };
 
 }  // namespace

@@ -4,6 +4,7 @@
 // converted. One table in the order of the interface; Execute goes by it too, so what is added here is a command if it
 // takes no argument.
 
+#include <optional>
 #include <span>
 
 #include "foundation/received_arguments.h"
@@ -21,7 +22,8 @@ struct Main2Operation {
 
   Name name;
   bool isProperty;
-  std::span<const Parameter> parameters;
+  std::span<const Parameter> parameters;  // each the caller's variable
+  std::optional<ParameterKind> result;    // nothing: it answers Empty
   Variant (*run)(Main2& main, ReceivedArguments& arguments);
 };
 

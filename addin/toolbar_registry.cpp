@@ -14,18 +14,28 @@ using CommonWordInteractionFunctions::Documents;
 namespace {
 constexpr ModuleInfo kModuleInfo{u"Main2", nullptr};
 constexpr ModuleFile kModule{&kModuleInfo, 1000};
+
+Ref<Toolbar> Cast(const Variant& item) {
+  const Object object = item.ToObject();
+  Toolbar* const toolbar = dynamic_cast<Toolbar*>(object.Target());
+  if (!toolbar && !object.IsNothing()) Raise(errors::kTypeMismatch);
+  return Ref<Toolbar>(toolbar);
+}
+
+// Empty for an absent key, which mustn't come in by being asked for.
+Variant ItemOf(Dictionary& registry, Long hwnd) { return registry.Exists(hwnd) ? registry.Item(hwnd) : Variant(); }
+
 }  // namespace
 
 Ref<Toolbar> Main2::castToToolbar(const Variant& item) {
   METHOD(Ref<Toolbar>, u"castToToolbar", item);
-  STEP(const Object object = item.ToObject(); Toolbar* const toolbar = dynamic_cast<Toolbar*>(object.Target());
-       if (!toolbar && !object.IsNothing()) Raise(errors::kTypeMismatch); here.result = Ref<Toolbar>(toolbar));
+  STEP(here.result = Cast(item));
   return here.Leave();
 }
 
 Ref<Toolbar> Main2::Toolbars(Long hwnd) {
   METHOD(Ref<Toolbar>, u"Toolbars[Get]", hwnd);
-  STEP(here.result = castToToolbar(Required(mToolbars).Item(hwnd)));
+  STEP(here.result = Cast(ItemOf(Required(mToolbars), hwnd)));
   return here.Leave();
 }
 
@@ -92,7 +102,9 @@ void Main2::ToggleToolbarForNoDocuments(Boolean enabled) {
   if (!mSmallToolbar) return ToolbarVisible(enabled);
   ToolbarVisible(true);
   STEP(count = ToolbarUtilities::CommandBar().Get("Controls").ToObject().Get("count").ToInteger());
-  for (Integer i = 1; i <= count; ++i) {
+  // The counter is wider than the positions, so that it gets past the last of them whatever the count.
+  for (Long number = 1; number <= count; ++number) {
+    const auto i = static_cast<Integer>(number);
     STEP(const Object control = ToolbarUtilities::CommandBar().Get("Controls").ToObject().Get("Item", i).ToObject();
          control.Let("Enabled", enabled || ToolbarUtilities::EnableList(i)));
   }

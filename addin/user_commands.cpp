@@ -77,14 +77,13 @@ void Main2::UseQuillmere() {
   CommonPropertyFunctions::ExecuteQLMCommand(u"InsertReference");
 }
 
+// A window without a toolbar is an error of Toolbars alone: nothing is clicked.
 void Main2::ClickOnAd() {
   METHOD(void, u"ClickOnAd");
   Long hwnd = 0;
   REPORTS(hwnd);
   here.IgnoreErrors();
   hwnd = CommonWordWindowFunctions::ActiveDocumentHandle();
-  // Asked first, because reading an absent key would add it.
-  if (!mToolbars || !mToolbars->Exists(hwnd)) return;
   STEP(Required(Toolbars(hwnd)).ClickOnAd());
 }
 

@@ -73,7 +73,7 @@ TEST_F(Callback, EmptyEntry_EndsTheChangedValuesRoundAndNotTheNewAds) {
     Change(Stub(), Ads({true}));
     EXPECT_EQ(reached.calls.size(), 1u);
   }
-  EXPECT_EQ(Block(Did().Errors()), "13 Main2.castToToolbar\n91 Main2.mCallbackToMe_ValueChangedWithAds\n");
+  EXPECT_EQ(Block(Did().Errors()), "13 Main2.Toolbars[Get]\n91 Main2.mCallbackToMe_ValueChangedWithAds\n");
   Did().Clear();
   Reached reached("Toolbar.ReprimeTimerCycle");
   Stub()->DownloadedNewAds();

@@ -256,7 +256,7 @@ class WritingDoor : public Door {
     given[2].Target() = Object();
     return Long{3};
   }
-  static constexpr Main2Operation kWriter{"Writer", false, kParameters, &Write};
+  static constexpr Main2Operation kWriter{"Writer", false, kParameters, {}, &Write};
   Variant Run(std::initializer_list<Variant> positional, std::initializer_list<Named> named = {}) {
     TheWorld();
     return kWriter.Invoke(Main(), {std::span(positional.begin(), positional.size()), named});

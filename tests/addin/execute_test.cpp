@@ -65,6 +65,39 @@ TEST_F(Execute, Commands_AreTheMethodsWithoutParameters) {
   EXPECT_EQ(commands, std::size(kCommands));
 }
 
+TEST_F(Execute, Operations_AnswerTheKindThatTheTableTells) {
+  for (const Main2Operation& operation : kMain2Operations) {
+    SCOPED_TRACE(operation.name.Text());
+    Begin(u"12.0");
+    std::vector<Variant> given;
+    for (const Parameter& parameter : operation.parameters) {
+      const bool isObject = parameter.kind == ParameterKind::kObject;
+      given.push_back(isObject                                    ? Variant(Object())
+                      : parameter.kind == ParameterKind::kBoolean ? Variant(false)
+                                                                  : Variant(u""));
+    }
+    const Variant answer = operation.Invoke(Main(), {given, {}});
+    if (!operation.result) {
+      EXPECT_TRUE(answer.IsEmpty());
+      continue;
+    }
+    switch (*operation.result) {
+      case ParameterKind::kBoolean:
+        EXPECT_NE(answer.If<Boolean>(), nullptr);
+        break;
+      case ParameterKind::kInteger:
+        EXPECT_NE(answer.If<Integer>(), nullptr);
+        break;
+      case ParameterKind::kString:
+        EXPECT_NE(answer.If<String>(), nullptr);
+        break;
+      case ParameterKind::kObject:
+        EXPECT_NE(answer.If<Object>(), nullptr);
+        break;
+    }
+  }
+}
+
 TEST_F(Execute, WithoutADocument_LogsNoCommand) {
   TheWorld();
   EXPECT_NE(Run(u"OpenUserManual"), "");

@@ -282,19 +282,24 @@ TEST_F(PrintPreview, OfADocument_IsToldFromAMailQuietly) {
 // What can't be asked is answered as far as the answer went.
 TEST_F(PrintPreview, MailThatCantBeAsked_CountsAsADocumentUnlessItWasAnswered) {
   const struct {
+    const char16_t* version;
     const char* object;
     const char* member;
     bool isMail;
-  } cases[] = {{"window Mail.doc", "EnvelopeVisible", false},
-               {"Application", "ActiveWindow", false},
-               {"document Mail.doc", "name", true}};
+  } cases[] = {{u"9.0", "Application", "ActiveDocument", false},
+               {u"9.0", "document Mail.doc", "Email", false},
+               {u"9.0", "email Mail.doc", "CurrentEmailAuthor", false},
+               {u"9.0", "document Mail.doc", "name", true},
+               {u"11.0", "Application", "ActiveWindow", false},
+               {u"11.0", "window Mail.doc", "EnvelopeVisible", false},
+               {u"11.0", "document Mail.doc", "name", true}};
   for (const auto& row : cases) {
-    SCOPED_TRACE(row.object);
-    Begin(u"11.0");
+    SCOPED_TRACE(ToUtf8(row.version) + " " + row.member);
+    Begin(row.version);
     TheWorld().Open(u"Mail.doc", {.mail = true});
     Main().FilePrintPreview2();
-    Word().Faults().Arm(row.object, row.member);
     Did().Clear();
+    Word().Faults().Arm(row.object, row.member);
     Main().ClosePreview();
     EXPECT_EQ(IsInPreview(u"Mail.doc"), row.isMail);
     EXPECT_EQ(Did().Count(Doings::kLog, "log 0 isOutlookDocument"), 1u);

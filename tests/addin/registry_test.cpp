@@ -9,7 +9,7 @@ class ToolbarRegistry : public Main2Test {
  protected:
   static constexpr Long kNobody = 0x7777;
 
-  // Reading an absent key adds it with Empty.
+  // Whoever reads an absent key off the registry itself adds it with Empty.
   void AddEmpty(Long key) { Inside::Registry(Main())->Item(key); }
   void OpenThree() {
     for (const char16_t* name : {u"One.doc", u"Two.doc", u"Three.doc"}) TheWorld().Open(name);
@@ -17,12 +17,19 @@ class ToolbarRegistry : public Main2Test {
   }
 };
 
-TEST_F(ToolbarRegistry, AbsentKey_IsAddedWithEmptyByReading) {
+TEST_F(ToolbarRegistry, AbsentKey_HasNoToolbarAndDoesntComeInByThat) {
   TheWorld();
   EXPECT_FALSE(Inside::Toolbars(Main(), kNobody));
+  EXPECT_EQ(Registry(), "");
+  EXPECT_EQ(Block(Did().Errors()), "13 Main2.Toolbars[Get]\n");
+}
+
+TEST_F(ToolbarRegistry, EmptyItem_IsNoToolbar) {
+  TheWorld();
+  AddEmpty(kNobody);
+  EXPECT_FALSE(Inside::Toolbars(Main(), kNobody));
   EXPECT_EQ(Registry(), std::to_string(kNobody));
-  EXPECT_TRUE(Inside::Registry(Main())->ItemAt(0).IsEmpty());
-  EXPECT_EQ(Block(Did().Errors()), "13 Main2.castToToolbar\n");
+  EXPECT_EQ(Block(Did().Errors()), "13 Main2.Toolbars[Get]\n");
 }
 
 TEST_F(ToolbarRegistry, Key_GivesItsToolbar) {
@@ -82,7 +89,7 @@ TEST_F(ToolbarRegistry, EmptyItem_IsRemovedAndStillCountsAsThere) {
                 HexOf(hwnd) +
                 ")\n"
                 "log 0 Removed toolbar, the remaining count 0\n");
-  EXPECT_EQ(Block(Did().Errors()), "13 Main2.castToToolbar\n");
+  EXPECT_EQ(Block(Did().Errors()), "13 Main2.Toolbars[Get]\n");
 }
 
 TEST_F(ToolbarRegistry, EmptyItemAtACreation_IsReplacedAsAStaleOne) {

@@ -57,6 +57,16 @@ TEST_F(Ribbon, Run_HandsTheCommandToTheProductAlone) {
   EXPECT_TRUE(Did().Errors().empty());
 }
 
+TEST_F(Ribbon, Run_GivesNoParameter) {
+  BeginWithTrace(u"12.0");
+  ToldProcedures told;
+  Relay().Call("run", u"InsertReference");
+  EXPECT_EQ(Block(told.calls),
+            "RibbonEvents.run(command='InsertReference')\n"
+            "Main2.mRibbonEvents_run(command='InsertReference')\n"
+            "CommonPropertyFunctions.ExecuteQLMCommand(command='InsertReference' param=Missing)\n");
+}
+
 TEST_F(Ribbon, RunWithAFailingProduct_EndsInTheLibrary) {
   Word().Faults().Arm("properties", "ExecuteQLMCommand");
   EXPECT_EQ(Raised([&] { Relay().Call("run", u"InsertReference"); }), 0);

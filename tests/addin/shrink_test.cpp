@@ -408,7 +408,7 @@ TEST_F(Shrink, ButtonThatRefusesItsIcon_KeepsItsFace_AndNobodyHears) {
   EXPECT_TRUE(Control(6).Face());
 }
 
-// From the painting on errors are ignored: the count that can't be read leaves no button to paint.
+// From the painting on errors are ignored: the count is then the one of before.
 TEST_F(Shrink, CountThatCantBeReadForPainting_IsPassedOver) {
   BeginWithDocument();
   int counts = 0;
@@ -421,6 +421,8 @@ TEST_F(Shrink, CountThatCantBeReadForPainting_IsPassedOver) {
   Did().during = nullptr;
   EXPECT_EQ(counts, 2);
   EXPECT_TRUE(Did().Errors().empty());
+  EXPECT_TRUE(Control(2).Face());
+  EXPECT_TRUE(Control(15).Face());
   EXPECT_EQ(Did().Count(Doings::kService, "DoEvents"), 1u);
   EXPECT_EQ(Protection(), 1);
 }

@@ -37,6 +37,8 @@ std::string ShownArray(const Array<T>& values) {
 std::string Shown(const Variant& given) {
   const Variant value = given.Resolved();
   if (value.IsEmpty()) return "Empty";
+  if (value.IsMissing()) return "Missing";
+  if (value.IsNull()) return "Null";
   if (const String* text = value.If<String>()) return Quoted(*text);
   if (const Object* object = value.If<Object>()) return object->IsNothing() ? "Nothing" : "object";
   if (const auto* bytes = value.If<Variant::Shared<Byte>>()) return ShownArray(**bytes);

@@ -43,7 +43,7 @@ HeardIs "its links work on a plain click", "CtrlClickHyperlinkToOpen=False"
 answer = main.Execute("UseQuillmere")
 HeardIs "the ribbon's command does nothing", ""
 answer = main.Execute("ClickOnAd")
-HeardIs "without a strip there is no advertisement", ""
+HeardAmongIt "without a strip there is no advertisement", "error 13 in Strandline.Main2.Toolbars[Get]"
 state.productName = "Halcyra"
 answer = main.Execute("ProductNameChanged")
 HeardIs "the second product's icon", "TooltipIconIndex=402"

@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "addin/operations.h"
 #include "tests/server/client.h"
 
 namespace strandline::servertest {
@@ -105,6 +106,29 @@ std::string TypeWords(const TYPEDESC& type) {
   return TypeWords(*type.lptdesc) + "&";
 }
 
+const char* Words(ParameterKind kind) {
+  switch (kind) {
+    case ParameterKind::kBoolean:
+      return "flag";
+    case ParameterKind::kInteger:
+      return "small";
+    case ParameterKind::kString:
+      return "text";
+    case ParameterKind::kObject:
+      return "object";
+  }
+  return "?";
+}
+
+// All of them go by reference: an operation is given the caller's variables.
+std::string ParametersOf(const Main2Operation& operation) {
+  std::string words;
+  for (const Parameter& parameter : operation.parameters) {
+    words += (words.empty() ? "" : ", ") + std::string(parameter.name.Text()) + " " + Words(parameter.kind) + "&";
+  }
+  return words;
+}
+
 class Interfaces : public testing::Test {
  protected:
   void SetUp() override { ASSERT_EQ(::LoadTypeLibEx(dll.Path().c_str(), REGKIND_NONE, library.Put()), S_OK); }
@@ -133,31 +157,41 @@ class Interfaces : public testing::Test {
     return words;
   }
 
-  // Names have no case where clients look them up, and one of ours has another one in the library than here.
-  void Expect(const Interface& expected, bool hasSlots) const {
-    const ComRef<ITypeInfo> info = InfoOf(expected.id);
+  // What `visit` makes of each member, in the order of the library; how many there are.
+  template <class Visit>
+  std::size_t Members(const wchar_t* id, Visit visit) const {
+    const ComRef<ITypeInfo> info = InfoOf(id);
     std::size_t at = 0;
     FUNCDESC* function = nullptr;
     for (UINT i = 0; SUCCEEDED(info->GetFuncDesc(i, &function)); ++i) {
-      if (!(function->wFuncFlags & FUNCFLAG_FRESTRICTED)) {
-        ASSERT_LT(at, expected.members.size());
-        const Member& member = expected.members[at];
-        BSTR name = nullptr;
-        info->GetDocumentation(function->memid, &name, nullptr, nullptr, nullptr);
-        EXPECT_EQ(Narrow(name), member.name);
-        EXPECT_EQ(function->memid, member.id) << member.name;
-        EXPECT_EQ(Lower(Parameters(*info.get(), *function)), Lower(member.parameters)) << member.name;
-        EXPECT_EQ(TypeWords(function->elemdescFunc.tdesc), member.result) << member.name;
-        const bool isProperty = std::string(member.name) == "RibbonHandler";
-        EXPECT_EQ(function->invkind, isProperty ? INVOKE_PROPERTYGET : INVOKE_FUNC) << member.name;
-        if (hasSlots) {
-          EXPECT_EQ(static_cast<std::size_t>(function->oVft), (7 + at) * sizeof(void*)) << member.name;
-        }
-        ++at;
-      }
+      if (!(function->wFuncFlags & FUNCFLAG_FRESTRICTED)) visit(at++, *info.get(), *function);
       info->ReleaseFuncDesc(function);
     }
-    EXPECT_EQ(at, expected.members.size());
+    return at;
+  }
+
+  static std::string NameOf(ITypeInfo& info, const FUNCDESC& function) {
+    BSTR name = nullptr;
+    EXPECT_EQ(info.GetDocumentation(function.memid, &name, nullptr, nullptr, nullptr), S_OK);
+    return Narrow(name);
+  }
+
+  // Names have no case where clients look them up, and one of ours has another one in the library than here.
+  void Expect(const Interface& expected, bool hasSlots) const {
+    const auto count = Members(expected.id, [&](std::size_t at, ITypeInfo& info, const FUNCDESC& function) {
+      ASSERT_LT(at, expected.members.size());
+      const Member& member = expected.members[at];
+      EXPECT_EQ(NameOf(info, function), member.name);
+      EXPECT_EQ(function.memid, member.id) << member.name;
+      EXPECT_EQ(Lower(Parameters(info, function)), Lower(member.parameters)) << member.name;
+      EXPECT_EQ(TypeWords(function.elemdescFunc.tdesc), member.result) << member.name;
+      const bool isProperty = std::string(member.name) == "RibbonHandler";
+      EXPECT_EQ(function.invkind, isProperty ? INVOKE_PROPERTYGET : INVOKE_FUNC) << member.name;
+      if (hasSlots) {
+        EXPECT_EQ(static_cast<std::size_t>(function.oVft), (7 + at) * sizeof(void*)) << member.name;
+      }
+    });
+    EXPECT_EQ(count, expected.members.size());
   }
 
   Dll dll;
@@ -167,6 +201,22 @@ class Interfaces : public testing::Test {
 }  // namespace
 
 TEST_F(Interfaces, Main2_HasItsOperationsInTheirOrder) { Expect(kMain2, true); }
+
+// Execute has no library to go by, but a table of its own: what is public is a command, and nothing else is.
+TEST_F(Interfaces, Main2_IsWhatTheTableOfItsOperationsTells) {
+  const auto count = Members(kMain2.id, [](std::size_t at, ITypeInfo& info, const FUNCDESC& function) {
+    ASSERT_LT(at, kMain2Operations.size());
+    const Main2Operation& operation = kMain2Operations[at];
+    const std::string name = NameOf(info, function);
+    EXPECT_EQ(name, operation.name.Text());
+    EXPECT_EQ(Main2Operation::Find(Name::FromText(name)), &operation) << name;
+    EXPECT_EQ(Lower(Parameters(info, function)), Lower(ParametersOf(operation))) << name;
+    EXPECT_EQ(TypeWords(function.elemdescFunc.tdesc), operation.result ? Words(*operation.result) : "none") << name;
+    EXPECT_EQ(function.invkind, operation.isProperty ? INVOKE_PROPERTYGET : INVOKE_FUNC) << name;
+  });
+  EXPECT_EQ(count, kMain2Operations.size());
+}
+
 TEST_F(Interfaces, RibbonEvents_HasItsOperationsInTheirOrder) { Expect(kRibbonEvents, true); }
 TEST_F(Interfaces, CallbackStub_HasItsOperationsInTheirOrder) { Expect(kStub, true); }
 TEST_F(Interfaces, RibbonEvents_HasItsEvents) { Expect(kRibbonEventsEvents, false); }
