@@ -7,15 +7,12 @@
 #include <algorithm>
 #include <chrono>
 #include <functional>
-#include <optional>
 
-#include "addin/library.h"
+#include "bench/loaded_word.h"
 #include "drawing/LoadImageFromResource.h"
-#include "platform/desk/desk.h"
 #include "platform/wrappers/forwarding.h"
 #include "tests/support/allocations.h"
 #include "wordaccess/CommonWordWindowFunctions.h"
-#include "wordsim/word_world.h"
 
 namespace strandline::bench {
 namespace {
@@ -27,52 +24,20 @@ class WithoutTimers final : public ForwardingWindows {
   Long SetTimer(Long, Long id, Long, TimerProc) override { return id; }
 };
 
-// A library on the plain services with one document open, its strip painted.
-class StripUnderTheMouse {
+class StripUnderTheMouse : public LoadedWord {
  public:
   StripUnderTheMouse()
-      : mWindows(mDesk.Windows()), mWorld(mDesk.Services(), mDesk.Host(), mDesk.Canvas(), mDesk.Clock(), {}) {
-    for (const char16_t* progId : {u"StylanthAMA.Main2", u"StylanthAPA.Main2", u"StylanthMLA.Main2",
-                                   u"StylanthTurabian.Main2", u"QuillmereError.Main2"}) {
-      mDesk.Components().Register(progId, [this, progId] { return mWorld.CreateComponent(progId); });
-    }
-    Platform services = mDesk.Services();
-    services.windows = &mWindows;
-    mLibrary.emplace(services);
-    mMain2 = mLibrary->CreateMain2();
-    Object word = mWorld.Application();
-    Object properties = mWorld.Properties();
-    Object productState = mWorld.ProductState();
-    String productName = u"Quillmere";
-    mMain2->Initialize(word, properties, productState, productName);
-    mWorld.Open(u"Thesis.doc");
-    Boolean startedFromIcon = false;
-    mMain2->HandleCreateDocument(startedFromIcon);
-    mDesk.Clock().Wait(100);
-    mBar = mWorld.ActiveBarWindow();
-  }
-  ~StripUnderTheMouse() {
-    mMain2 = nullptr;
-    mLibrary.reset();
+      : LoadedWord(
+            {.word = {}, .desk = {}, .windows = [](Windows& own) { return std::make_shared<WithoutTimers>(own); }}) {
+    Open(u"Thesis.doc");
   }
 
   Long ParameterOf(Long cell) {
-    const Rect place = mWorld.CellPlace(cell);
+    const Rect place = CellPlace(cell);
     return (place.top + place.bottom) / 2 * 65536 + (place.left + place.right) / 2;
   }
-  void Move(Long parameter) { mDesk.Windows().SendMessageA(mBar, wm::kMouseMove, 0, parameter); }
-  Rect CellPlace(Long cell) { return mWorld.CellPlace(cell); }
-  Graphics& OfGraphics() { return mDesk.Graphics(); }
-  Long Bar() const { return mBar; }
-  Long Top() const { return mWorld.ActiveTopWindow(); }
-
- private:
-  desk::Desk mDesk;
-  WithoutTimers mWindows;
-  wordsim::WordWorld mWorld;
-  std::optional<Library> mLibrary;
-  Ref<Main2> mMain2;
-  Long mBar = 0;
+  void Move(Long parameter) { TheDesk().Windows().SendMessageA(Bar(), wm::kMouseMove, 0, parameter); }
+  Rect CellPlace(Long cell) { return Word().CellPlace(cell); }
 };
 
 double SecondsOf(int times, const std::function<void()>& doing) {
@@ -111,7 +76,7 @@ void MoveInsideOneCell(benchmark::State& state) {
   StripUnderTheMouse strip;
   const Long cell = strip.ParameterOf(static_cast<Long>(state.range(0)));
   const Ref<Toolbar> toolbar = New<Toolbar>();
-  toolbar->Initialize(strip.Top());
+  toolbar->Initialize(strip.Word().ActiveTopWindow());
   Long answer = 0;
   Boolean isKept = false;
   const auto move = [&] { toolbar->BeforeMessage(wm::kMouseMove, 0, cell, answer, isKept); };
@@ -143,7 +108,7 @@ void DrawOneMove(Graphics& graphics, Long bar, Long frame, const Rect& left, con
 
 void MoveFromCellToCell(benchmark::State& state) {
   StripUnderTheMouse strip;
-  Graphics& graphics = strip.OfGraphics();
+  Graphics& graphics = strip.TheDesk().Graphics();
   const Long third = strip.ParameterOf(3);
   const Long fourth = strip.ParameterOf(4);
   const Rect left = strip.CellPlace(3);

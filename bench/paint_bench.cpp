@@ -6,67 +6,32 @@
 #include <fstream>
 #include <string>
 
-#include "desk/desk_session.h"
+#include "bench/loaded_word.h"
 #include "drawing/LoadImageFromResource.h"
-#include "drawing/Painter.h"
-#include "drawing/ToolbarUtilities.h"
 #include "tests/support/allocations.h"
 
 namespace strandline::bench {
 namespace {
 
-using deskprogram::DeskSession;
-using play::SceneSettings;
-
-// A library on the plain services, one document open, the strip painted.
-class PaintedStrip {
+class PaintedStrip : public LoadedWord {
  public:
-  PaintedStrip(const char16_t* version, bool lumivex)
-      : mWorld(mDesk.Services(), mDesk.Host(), mDesk.Canvas(), mDesk.Clock(), SettingsFor(version, lumivex)) {
-    for (const char16_t* progId : {u"StylanthAMA.Main2", u"StylanthAPA.Main2", u"StylanthMLA.Main2",
-                                   u"StylanthTurabian.Main2", u"QuillmereError.Main2"}) {
-      mDesk.Components().Register(progId, [this, progId] { return mWorld.CreateComponent(progId); });
-    }
-    mLibrary.emplace(mDesk.Services());
-    mMain2 = mLibrary->CreateMain2();
-    Object word = mWorld.Application();
-    Object properties = mWorld.Properties();
-    Object productState = mWorld.ProductState();
-    String productName = u"Quillmere";
-    mMain2->Initialize(word, properties, productState, productName);
+  PaintedStrip(const char16_t* version, bool lumivex) : LoadedWord(OptionsFor(version, lumivex)) {
     Open(u"Thesis.doc");
-  }
-  ~PaintedStrip() {
-    mMain2 = nullptr;
-    mLibrary.reset();
-  }
-
-  void Open(const String& name) {
-    mWorld.Open(name);
-    Boolean startedFromIcon = false;
-    mMain2->HandleCreateDocument(startedFromIcon);
-    mDesk.Clock().Wait(100);
   }
   // The bar of the active document; wider than Word would make it.
   void Widen(Long width, Long height) {
-    mWorld.ResizeBar(width, height);
-    mDesk.Clock().Wait(100);
+    Word().ResizeBar(width, height);
+    TheDesk().Clock().Wait(100);
   }
-  Long Bar() const { return mWorld.ActiveBarWindow(); }
-  desk::Desk& TheDesk() { return mDesk; }
 
  private:
-  static wordsim::Settings SettingsFor(const char16_t* version, bool lumivex) {
-    wordsim::Settings settings;
-    settings.wordVersion = version;
-    settings.lumivexEnabled = lumivex;
-    return settings;
+  static Options OptionsFor(const char16_t* version, bool lumivex) {
+    Options options;
+    options.word.wordVersion = version;
+    options.word.lumivexEnabled = lumivex;
+    options.desk = {.width = 1600, .height = 768};
+    return options;
   }
-
-  desk::Desk mDesk{{.width = 1600, .height = 768}};
-  wordsim::WordWorld mWorld;
-  std::optional<Library> mLibrary;
-  Ref<Main2> mMain2;
 };
 
 void PaintThatChangesNothing(benchmark::State& state, const char16_t* version, bool lumivex) {

@@ -4,17 +4,11 @@
 
 #include <benchmark/benchmark.h>
 
-#include <optional>
-
-#include "addin/Main2.h"
-#include "addin/library.h"
+#include "bench/loaded_word.h"
 #include "drawing/LoadImageFromResource.h"
 #include "drawing/ToolbarUtilities.h"
-#include "platform/desk/desk.h"
 #include "platform/wrappers/forwarding.h"
 #include "wordsim/command_bars.h"
-#include "wordsim/document.h"
-#include "wordsim/word_world.h"
 
 namespace strandline::bench {
 namespace {
@@ -22,68 +16,40 @@ namespace {
 constexpr Integer kFirstIcon = 2;
 constexpr Integer kLastIcon = 15;
 
-// Stops a measure's time while messages run.
+// The measure whose time stops while messages run; null: none.
+benchmark::State* measureWithoutMessages = nullptr;
+
 class UncountedMessages final : public ForwardingWindows {
  public:
   using ForwardingWindows::ForwardingWindows;
   void DoEvents() override {
+    benchmark::State* const measure = measureWithoutMessages;
     if (measure) measure->PauseTiming();
     mTarget.DoEvents();
     if (measure) measure->ResumeTiming();
   }
-  benchmark::State* measure = nullptr;
 };
 
-// A started library, one document open, its full toolbar painted.
-class FullToolbar {
+class FullToolbar : public LoadedWord {
  public:
-  explicit FullToolbar(const char16_t* version)
-      : mWindows(mDesk.Windows()),
-        mWorld(mDesk.Services(), mDesk.Host(), mDesk.Canvas(), mDesk.Clock(), SettingsFor(version)) {
-    for (const char16_t* progId : {u"StylanthAMA.Main2", u"StylanthAPA.Main2", u"StylanthMLA.Main2",
-                                   u"StylanthTurabian.Main2", u"QuillmereError.Main2"}) {
-      mDesk.Components().Register(progId, [this, progId] { return mWorld.CreateComponent(progId); });
-    }
-    Platform services = mDesk.Services();
-    services.windows = &mWindows;
-    mLibrary.emplace(services);
-    mMain2 = mLibrary->CreateMain2();
-    Object word = mWorld.Application();
-    Object properties = mWorld.Properties();
-    Object productState = mWorld.ProductState();
-    String productName = u"Quillmere";
-    mMain2->Initialize(word, properties, productState, productName);
-    mWorld.Open(u"Thesis.doc");
-    Boolean startedFromIcon = false;
-    mMain2->HandleCreateDocument(startedFromIcon);
-    mDesk.Clock().Wait(100);
-  }
-  ~FullToolbar() {
-    mMain2 = nullptr;
-    mLibrary.reset();
-  }
+  explicit FullToolbar(const char16_t* version) : LoadedWord(OptionsFor(version)) { Open(u"Thesis.doc"); }
 
   void Shrink(benchmark::State* withoutMessages) {
-    mWindows.measure = withoutMessages;
-    mMain2->ShrinkToolbar();
-    mWindows.measure = nullptr;
+    measureWithoutMessages = withoutMessages;
+    Main().ShrinkToolbar();
+    measureWithoutMessages = nullptr;
   }
   Object Control(Integer position) {
-    return Ref<wordsim::BarControl>(mWorld.ProductBar().Controls().Control(position));
+    return Ref<wordsim::BarControl>(Word().ProductBar().Controls().Control(position));
   }
 
  private:
-  static wordsim::Settings SettingsFor(const char16_t* version) {
-    wordsim::Settings settings;
-    settings.wordVersion = version;
-    return settings;
+  static Options OptionsFor(const char16_t* version) {
+    Options options;
+    options.word.wordVersion = version;
+    options.windows = [](Windows& own) { return std::make_shared<UncountedMessages>(own); };
+    return options;
   }
-
-  desk::Desk mDesk;
-  UncountedMessages mWindows;
-  wordsim::WordWorld mWorld;
-  std::optional<Library> mLibrary;
-  Ref<Main2> mMain2;
 };
 
 void ShrinkToolbar(benchmark::State& state, const char16_t* version, bool countMessages) {

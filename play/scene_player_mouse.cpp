@@ -176,15 +176,7 @@ void ScenePlayer::Pick(const Command& command) {
 
 void ScenePlayer::Macro(const Command& command) { mMacros[static_cast<Long>(command.Number("CELL"))] = command.inner; }
 
-// Word executes none of its controls as long as one of its dialogs is open.
 void ScenePlayer::RunMacroOf(Long control) {
-  wordsim::WordWorld& world = mSession->World();
-  if (world.IsDialogOpen()) wordsim::RaiseNotAvailable();
-  if (control == kMenuControl) {
-    world.OpenMenu();
-  } else {
-    world.CloseMenu();
-  }
   const auto own = mMacros.find(control);
   const std::shared_ptr<const Command> macro = own == mMacros.end() ? nullptr : own->second;
   if (macro) {

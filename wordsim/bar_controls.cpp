@@ -154,12 +154,17 @@ Variant BarControl::StateMember(const Call& call) {
 Variant BarControl::IndexMember(const Call&) { return PositionInOwner(); }
 Variant BarControl::IsPriorityDroppedMember(const Call&) { return Place().isDropped; }
 
+// Word executes none of its controls as long as one of its dialogs is open.
 Variant BarControl::ExecuteMember(const Call&) {
   if (!mIsEnabled) Raise(errors::kInvalidArgument);
-  Hooks& hooks = mOwner.Bar().World().TheHooks();
+  WordWorld& world = mOwner.Bar().World();
+  if (world.IsDialogOpen()) RaiseNotAvailable();
   if (mOwner.Bar().Kind() != BarKind::kProduct) return {};
-  const auto& hook = mOwner.PopupControl() ? hooks.executeEntry : hooks.executeControl;
-  if (hook) hook(PositionInOwner());
+  if (mOwner.PopupControl()) {
+    world.Pick(*this);
+  } else {
+    world.Run(*this);
+  }
   return {};
 }
 
@@ -224,6 +229,7 @@ void BarControls::Remove(BarControl& control) {
   const Long position = PositionOf(control);
   if (position == 0) return;
   const Ref<BarControl> alive(&control);
+  if (control.Popup()) mBar.World().CloseMenu();
   control.End();
   mControls.erase(mControls.begin() + (position - 1));
   if (!mPopup) mBar.World().ControlRemoved(mBar, position);

@@ -73,7 +73,7 @@ MemberTable ProductStateObject::Members() const {
       Readable<&ProductStateObject::ProductNameMember>("productName"),
       Writable<&ProductStateObject::LumivexEnabledMember>("lumivexEnabled"),
       Readable<&ProductStateObject::IconMember>("icon"),
-      Readable<&ProductStateObject::WebsiteAddressMember>("WebsiteAddress"),
+      Readable<&ProductStateObject::WebsiteAddressMember>("WebsiteAddress", 0, 2),
       Readable<&ProductStateObject::DownloadUrlMember>("toolbarDownloadURL"),
   };
   return kMembers;
@@ -87,9 +87,11 @@ Variant ProductStateObject::LumivexEnabledMember(const Call& call) {
   return {};
 }
 
+// A new picture at each reading: who transfers one to a button uses its bitmap up.
 Variant ProductStateObject::IconMember(const Call&) {
-  if (mHasIcon && !mIcon) mIcon = LoadOwnPicture(mPlatform, kIconImage);
-  return mIcon ? Variant(mIcon) : Variant(Object());
+  Picture icon;
+  if (mHasIcon) icon = LoadOwnPicture(mPlatform, kIconImage);
+  return icon ? Variant(std::move(icon)) : Variant(Object());
 }
 
 Variant ProductStateObject::WebsiteAddressMember(const Call&) { return WebsiteAddress(); }

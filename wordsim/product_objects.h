@@ -67,7 +67,6 @@ class ProductStateObject final : public SimObject {
   String mProductName;
   bool mIsLumivexEnabled;
   bool mHasIcon;
-  Picture mIcon;  // made when it is first asked for
 };
 
 }  // namespace strandline::wordsim

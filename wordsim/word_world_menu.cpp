@@ -43,10 +43,20 @@ void WordWorld::Pick(BarControl& entry) {
   if (mHooks.executeEntry) mHooks.executeEntry(entry.PositionInOwner());
 }
 
+// The menu is down before the macro runs.
+void WordWorld::Run(BarControl& control) {
+  const Ref<BarControl> alive(&control);
+  if (control.Popup()) {
+    OpenMenu();
+  } else {
+    CloseMenu();
+  }
+  if (mHooks.executeControl) mHooks.executeControl(control.PositionInOwner());
+}
+
 void WordWorld::PressControl(Long control) {
-  const BarControl* pressed = mProductBar->Controls().Control(control);
-  if (!pressed || !pressed->IsEnabled() || IsDialogOpen()) return;
-  if (mHooks.executeControl) mHooks.executeControl(control);
+  BarControl* pressed = mProductBar->Controls().Control(control);
+  if (pressed && pressed->IsEnabled() && !IsDialogOpen()) Run(*pressed);
 }
 
 }  // namespace strandline::wordsim

@@ -1,5 +1,7 @@
 // Where a point lies: on a cell, in the strip, near its edge, or gone.
 
+#include <random>
+
 #include "platform/convert.h"
 #include "tests/toolbar/input_fixture.h"
 
@@ -110,6 +112,53 @@ TEST_F(Hits, HighlightedButtonIndex_FindsEachCell_And0Elsewhere) {
   EXPECT_EQ(Strip().HighlightedButtonIndex(0, 0), 0);
   EXPECT_EQ(Strip().HighlightedButtonIndex(32767, 32767), 0);
   EXPECT_EQ(Strip().HighlightedButtonIndex(-32768, -32768), 0);
+}
+
+TEST_F(Hits, HighlightedButtonIndex_AsksCellByCellUntilOneHits) {
+  BeginWithCells({}, {8});
+  const auto asked = [&](Point at) {
+    trace().Listen(Trace::kProcedures);
+    trace().Only({"Buttons."});
+    Strip().HighlightedButtonIndex(ToInteger(at.x), ToInteger(at.y));
+    return trace().TakeText();
+  };
+  const auto lines = [&](Point at, Long last) {
+    const std::string point = std::to_string(at.x) + ", " + std::to_string(at.y) + ")\n";
+    std::string expected = "Buttons.HighlightedButtonIndex[Get](" + point;
+    for (Long i = 1; i <= last; ++i) expected += "Buttons.inCtrl(" + std::to_string(i) + ", " + point;
+    return expected;
+  };
+  EXPECT_EQ(asked(MiddleOf(1)), lines(MiddleOf(1), 1));
+  EXPECT_EQ(asked(MiddleOf(3)), lines(MiddleOf(3), 3));
+  EXPECT_EQ(asked(GapBefore(8)), lines(GapBefore(8), 16));
+}
+
+TEST_F(Hits, HighlightedButtonIndex_IsTheFirstCellThatInCtrlHits_HoweverTheyLie) {
+  BeginWithCells();
+  std::mt19937 random(5);
+  const auto any = [&](Long from, Long to) { return std::uniform_int_distribution<Long>(from, to)(random); };
+  int hits = 0;
+  for (int round = 0; round < 60; ++round) {
+    for (Long cell = 1; cell <= 16; ++cell) {
+      const Long left = any(-20, 60);
+      const Long top = any(-20, 60);
+      world->word.PlaceCell(cell, {left, top, left + any(-3, 25), top + any(-3, 25)});
+      world->word.DropCell(cell, any(0, 3) == 0);
+    }
+    ASSERT_TRUE(Strip().UpdateButtonRects());
+    trace().Listen(0);
+    for (int i = 0; i < 40; ++i) {
+      const Integer x = ToInteger(any(-25, 90));
+      const Integer y = ToInteger(any(-25, 90));
+      Integer expected = 0;
+      for (Integer cell = 16; cell >= 1; --cell) {
+        if (Strip().inCtrl(cell, x, y)) expected = cell;
+      }
+      hits += expected != 0;
+      ASSERT_EQ(Strip().HighlightedButtonIndex(x, y), expected) << x << ", " << y << " in round " << round;
+    }
+  }
+  EXPECT_GT(hits, 100);
 }
 
 TEST_F(Hits, ADroppedCell_IsNotHit_AndTheNextOneThatLiesThereIs) {

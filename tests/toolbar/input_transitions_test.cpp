@@ -1,49 +1,9 @@
 // What the mouse does to the strip: every way from one look to the next, with what is drawn, shown and run on it.
 
-#include "tests/toolbar/input_fixture.h"
+#include "tests/toolbar/input_transitions_fixture.h"
 
 namespace strandline {
 namespace {
-
-class Transitions : public InputTest {
- protected:
-  using Input = InputTest::Input;
-
-  struct Row {
-    const char* name;
-    std::function<void()> before;
-    std::function<void()> event;
-    Input after;
-    std::string lines;
-  };
-  // Each row from a strip at rest.
-  void Check(const std::vector<Row>& rows, bool lumivex = false) {
-    for (const Row& row : rows) {
-      SCOPED_TRACE(row.name);
-      Rest();
-      row.before();
-      HearInput();
-      row.event();
-      EXPECT_EQ(trace().TakeText(), row.lines);
-      const Input held = Held();
-      EXPECT_EQ(held.highlighted, row.after.highlighted);
-      EXPECT_EQ(held.state, row.after.state);
-      EXPECT_EQ(held.lastUp, row.after.lastUp);
-      EXPECT_FALSE(IsHandling());
-      ExpectLook(row.after.highlighted == 14 && lumivex ? 0 : row.after.highlighted, row.after.state);
-      CheckErrors();
-    }
-  }
-  // The mouse is elsewhere, and the strip knows it.
-  void Rest() {
-    trace().Listen(0);
-    Move(Outside());
-    ASSERT_EQ(Held(), Input());
-  }
-  Point Gap() { return GapBefore(8); }
-  // In the union of the cells, but so near to its edge that a mouse counts as gone.
-  Point InBand() { return {world->word.CellPlace(1).left + 2, MiddleOf(1).y}; }
-};
 
 TEST_F(Transitions, AStripOfOrdinaryCells_GoesFromLookToLookByThisTable) {
   BeginWithCells({}, {8});
@@ -131,18 +91,17 @@ TEST_F(Transitions, AStripOfOrdinaryCells_GoesFromLookToLookByThisTable) {
        {3, 0, 0},
        ""},
       {"pressed, a drag onto another cell",
-       [&] {
-         MoveTo(3);
-         PressOn(3);
-       },
+       Pressed(3),
        [&] { MoveTo(5, kLeftButton); },
        {5, 1, 0},
        ShowLine(5) + BorderLine(3, 2) + BorderLine(5, 1)},
+      {"pressed, a move without the button onto another cell",
+       Pressed(3),
+       [&] { MoveTo(5); },
+       {5, 1, 0},
+       ShowLine(5) + BorderLine(3, 2) + BorderLine(5, 1)},
       {"pressed, a drag into a gap",
-       [&] {
-         MoveTo(7);
-         PressOn(7);
-       },
+       Pressed(7),
        [&] { Move(Gap(), kLeftButton); },
        {0, 1, 0},
        BorderLine(7, 2) + BorderLine(0, 1)},
@@ -156,18 +115,12 @@ TEST_F(Transitions, AStripOfOrdinaryCells_GoesFromLookToLookByThisTable) {
        {8, 1, 0},
        ShowLine(8) + BorderLine(0, 2) + BorderLine(8, 1)},
       {"pressed on the menu's cell, the button up",
-       [&] {
-         MoveTo(1);
-         PressOn(1);
-       },
+       Pressed(1),
        [&] { EXPECT_TRUE(ReleaseOn(1)); },
        {0, 0, 0},
        ExecuteLine(1) + "Menu.Activate()\n" + BorderLine(1, 1) + HideLine() + LeftLines(1)},
       {"pressed, the button up",
-       [&] {
-         MoveTo(3);
-         PressOn(3);
-       },
+       Pressed(3),
        [&] { EXPECT_TRUE(ReleaseOn(3)); },
        {0, 0, 3},
        BorderLine(3, 2) + ExecuteLine(3) + HideLine()},
@@ -181,10 +134,7 @@ TEST_F(Transitions, AStripOfOrdinaryCells_GoesFromLookToLookByThisTable) {
        {0, 0, 0},
        BorderLine(3, 2) + ExecuteLine(3) + HideLine() + LeftLines(0)},
       {"pressed on Lumivex, the button up",
-       [&] {
-         MoveTo(14);
-         PressOn(14);
-       },
+       Pressed(14),
        [&] { EXPECT_TRUE(ReleaseOn(14)); },
        {0, 0, 14},
        BorderLine(14, 2) + ExecuteLine(14) + ShowLine(14)},
@@ -236,12 +186,7 @@ class FromAny : public Transitions {
            MoveTo(5);
          },
          5, 5},
-        {"from a press",
-         [this] {
-           MoveTo(1);
-           PressOn(1);
-         },
-         1, 0},
+        {"from a press", Pressed(1), 1, 0},
         {"from a drag",
          [this] {
            MoveTo(3);
@@ -311,89 +256,6 @@ TEST_F(FromAny, ATickWhileTheMouseIsThere_ChangesNothing) {
     EXPECT_EQ(trace().TakeText(), "");
     EXPECT_EQ(Held(), before);
   }
-}
-
-// While Lumivex is on its cell is sunken for good: the mouse neither draws nor removes an edge there. A press on it is
-// never taken back, so the next cells look pressed until the highlight is removed once.
-TEST_F(Transitions, AStickyCell_KeepsItsEdgeAndCarriesThePressOnToTheNextCells) {
-  BeginWithCells(Lumivex(true), {8});
-  const auto clicked = [&] { ClickOn(14); };
-  const std::vector<Row> rows = {
-      {"a move onto it", [] {}, [&] { MoveTo(14); }, {14, 0, 0}, ShowLine(14) + BorderLine(0, 2)},
-      {"a move from another cell onto it",
-       [&] { MoveTo(13); },
-       [&] { MoveTo(14); },
-       {14, 0, 0},
-       ShowLine(14) + BorderLine(13, 2)},
-      {"a move from it", [&] { MoveTo(14); }, [&] { MoveTo(15); }, {15, 0, 0}, ShowLine(15) + BorderLine(15, 0)},
-      {"the button down on it", [&] { MoveTo(14); }, [&] { EXPECT_TRUE(PressOn(14)); }, {14, 1, 0}, ""},
-      {"the button up on it",
-       [&] {
-         MoveTo(14);
-         PressOn(14);
-       },
-       [&] { EXPECT_TRUE(ReleaseOn(14)); },
-       {14, 1, 14},
-       ExecuteLine(14) + ShowLine(14)},
-      {"the button up on it while the mouse has left",
-       [&] {
-         MoveTo(14);
-         PressOn(14);
-         Place(Outside());
-       },
-       [&] { EXPECT_TRUE(Release(Outside())); },
-       {0, 0, 0},
-       ExecuteLine(14) + "log HandleMouseLeftToolbar\n" + HideLine()},
-      {"a move on after the click", clicked, [&] { MoveTo(5); }, {5, 1, 0}, ShowLine(5) + BorderLine(5, 1)},
-      {"a second move on",
-       [&] {
-         clicked();
-         MoveTo(5);
-       },
-       [&] { MoveTo(6); },
-       {6, 1, 0},
-       ShowLine(6) + BorderLine(5, 2) + BorderLine(6, 1)},
-      {"a move on through a gap",
-       [&] {
-         clicked();
-         Move(Gap());
-       },
-       [&] { MoveTo(6); },
-       {6, 1, 0},
-       ShowLine(6) + BorderLine(0, 2) + BorderLine(6, 1)},
-      {"the highlight removed by the right button, then a move",
-       [&] {
-         clicked();
-         MoveTo(5);
-         Say(wm::kRButtonDown, 2, MiddleOf(5));
-       },
-       [&] { MoveTo(6); },
-       {6, 0, 0},
-       ShowLine(6) + BorderLine(0, 2) + BorderLine(6, 0)},
-      {"the highlight removed by a click elsewhere, then a move",
-       [&] {
-         clicked();
-         ClickOn(5);
-       },
-       [&] { MoveTo(6); },
-       {6, 0, 0},
-       ShowLine(6) + BorderLine(0, 2) + BorderLine(6, 0)},
-      {"the right button on it", [&] { MoveTo(14); }, [&] { Say(wm::kRButtonDown, 2, MiddleOf(14)); }, {0, 0, 0}, ""},
-      {"the mouse leaves from it",
-       [&] { MoveTo(14); },
-       [&] { Move(Outside()); },
-       {0, 0, 0},
-       "log not inToolbarClientArea: exiting\nlog HandleMouseLeftToolbar\n" + HideLine()},
-      {"a drag onto it",
-       [&] {
-         MoveTo(13);
-         PressOn(13);
-       },
-       [&] { MoveTo(14, kLeftButton); },
-       {14, 1, 0},
-       ShowLine(14) + BorderLine(13, 2)},
-  };
-  Check(rows, true);
 }
 
 }  // namespace

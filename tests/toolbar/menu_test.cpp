@@ -39,6 +39,12 @@ class MenuTest : public Main2Test {
   wordsim::BarControl& Popup() { return *Word().ProductBar().Controls().Control(1); }
   wordsim::BarControl& Entry(Long position) { return *Popup().Popup()->Control(position); }
   std::string Caption(Long position) { return ToUtf8(Entry(position).Caption()); }
+  // Of its face; empty without one.
+  std::vector<std::uint32_t> PixelsOf(const wordsim::BarControl& control) {
+    const auto& face = control.Face();
+    const auto* bitmap = face ? TheWorld().desk.Objects().Find<desk::Bitmap>(face->Handle()) : nullptr;
+    return bitmap ? bitmap->surface.pixels : std::vector<std::uint32_t>();
+  }
   std::string PopupCaption() { return ToUtf8(Popup().Caption()); }
   // All of them, to see that nothing else has changed.
   TextLines Captions() {
@@ -216,12 +222,36 @@ TEST_F(MenuTest, IconOnWord2000_IsPasted) {
   EXPECT_TRUE(Entry(18).Face());
 }
 
-TEST_F(MenuTest, NoIcon_LeavesTheFace) {
-  BeginWith(u"One.doc", false);
-  menu->ProductNameChanged(u"Tomehaven");
-  EXPECT_EQ(Did().Count(Doings::kUse, "get productState icon() = Nothing"), 1u);
-  EXPECT_FALSE(Entry(18).Face());
-  EXPECT_EQ(Did().Count(Doings::kUse, "let menu 18"), 1u);
+TEST_F(MenuTest, Icon_IsWholeAtEachNewName) {
+  for (const char16_t* version : {u"9.0", u"10.0", u"11.0"}) {
+    BeginWith(u"One.doc", true, version);
+    menu->ProductNameChanged(u"Tomehaven");
+    const auto first = PixelsOf(Entry(18));
+    EXPECT_FALSE(first.empty());
+    menu->ProductNameChanged(u"Quillmere");
+    EXPECT_EQ(PixelsOf(Entry(18)), first);
+    EXPECT_TRUE(Did().Errors().empty());
+    EXPECT_EQ(TheWorld().desk.Misuses().All().size(), 0u);
+  }
+}
+
+TEST_F(MenuTest, NoIcon_LeavesTheFaceThatTheEntryHas) {
+  for (const char16_t* version : {u"9.0", u"10.0", u"11.0"}) {
+    BeginWith(u"One.doc", false, version);
+    TheWorld().desk.Clipboard().SetTextFromOutside(u"left alone");
+    Word().TheHooks().pasteFace = [] { return LoadImageFromResource::LoadResGifJpgBmp(102, 0); };
+    Object(Ref<wordsim::BarControl>(&Entry(18))).Call("PasteFace");
+    const Long face = Entry(18).Face()->Handle();
+    Did().Clear();
+    menu->ProductNameChanged(u"Tomehaven");
+    EXPECT_EQ(Did().Count(Doings::kUse, "get productState icon() = Nothing"), 1u);
+    ASSERT_TRUE(Entry(18).Face());
+    EXPECT_EQ(Entry(18).Face()->Handle(), face);
+    EXPECT_EQ(Block(Did().Of(Doings::kUse, "let menu 18")),
+              "let menu 18 caption(&Apply Tomehaven to this document...)\n");
+    EXPECT_EQ(Did().Count(Doings::kUse, "call menu 18"), 0u);
+    EXPECT_EQ(TheWorld().desk.Clipboard().Content().size(), 1u);
+  }
 }
 
 TEST_F(MenuTest, InTheDevelopmentEnvironment_TheIconStaysOff) {

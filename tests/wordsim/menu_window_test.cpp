@@ -31,10 +31,7 @@ class Menu : public WorldTest {
  protected:
   Menu() { Start(Begin()); }
   WordWorld& Start(WordWorld& world) {
-    world.TheHooks().executeControl = [this](Long control) {
-      if (control == 1) World().OpenMenu();
-      did += "control " + std::to_string(control) + "|";
-    };
+    world.TheHooks().executeControl = [this](Long control) { did += "control " + std::to_string(control) + "|"; };
     world.TheHooks().executeEntry = [this](Long entry) { did += "entry " + std::to_string(entry) + "|"; };
     world.Open(u"A.doc");
     Wait(10);
@@ -162,6 +159,49 @@ TEST_F(Menu, TheWorldGone_IsGoneToo) {
   const Long window = World().WindowByName("popup 1");
   mWorld.reset();
   EXPECT_FALSE(Windows().IsWindow(window));
+}
+
+TEST_F(Menu, ItsControlDeleted_GoesWithIt) {
+  World().OpenMenu();
+  const Long window = World().WindowByName("popup 1");
+  Control(1).Call("Delete");
+  EXPECT_FALSE(World().IsMenuOpen());
+  EXPECT_FALSE(Windows().IsWindow(window));
+  EXPECT_FALSE(World().OpenMenu());
+}
+
+TEST_F(Menu, ItsControlExecuted_DropsBeforeTheMacroRuns_AndAnotherOneClosesIt) {
+  std::vector<bool> open;
+  World().TheHooks().executeControl = [&](Long) { open.push_back(World().IsMenuOpen()); };
+  for (const Long control : {1, 1, 5, 1}) Control(control).Call("Execute");
+  EXPECT_EQ(open, (std::vector<bool>{true, true, false, true}));
+  World().TheHooks().executeControl = nullptr;
+  Entry(9).Call("Execute");
+  EXPECT_FALSE(World().IsMenuOpen());
+  Control(1).Call("Execute");
+  EXPECT_TRUE(World().IsMenuOpen()) << "whether or not anybody plays its macro";
+}
+
+TEST_F(Menu, ItsControlExecutedOnAHiddenBar_RunsWithoutAMenu) {
+  Bar().Let("Visible", false);
+  Control(1).Call("Execute");
+  EXPECT_FALSE(World().IsMenuOpen());
+  EXPECT_EQ(did, "control 1|");
+}
+
+TEST_F(Menu, WhileADialogIsOpen_NothingCanBeExecuted) {
+  std::vector<Long> numbers;
+  World().TheHooks().showDialog = [&](Long) {
+    for (const Object& each : {Control(1), Control(5), Entry(9)}) {
+      numbers.push_back(NumberRaised([&] { each.Call("Execute"); }));
+    }
+    EXPECT_FALSE(World().IsMenuOpen());
+  };
+  World().ShowDialog(112);
+  EXPECT_EQ(numbers, std::vector<Long>(3, word_errors::kNotAvailable));
+  EXPECT_EQ(did, "");
+  Control(5).Call("Execute");
+  EXPECT_EQ(did, "control 5|");
 }
 
 using OwnControls = Menu;

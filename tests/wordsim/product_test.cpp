@@ -92,8 +92,18 @@ TEST_F(ProductTest, State_TellsNameLumivexAndIcon) {
   EXPECT_TRUE(World().TheProduct().IsLumivexEnabled());
   const Picture icon = state.Get("icon").ToPicture();
   ASSERT_TRUE(icon);
-  EXPECT_EQ(icon, state.Get("icon").ToPicture());
   EXPECT_GT(icon->Width(), 0);
+}
+
+TEST_F(ProductTest, StatesIcon_IsAPictureOfItsOwnAtEachReading) {
+  Settings settings;
+  settings.hasIcon = true;
+  const Object state = Begin(settings).ProductState();
+  const Picture first = state.Get("icon").ToPicture();
+  const Picture second = state.Get("icon").ToPicture();
+  ASSERT_TRUE(first && second);
+  EXPECT_NE(first->Handle(), second->Handle());
+  EXPECT_EQ(first->Width(), second->Width());
 }
 
 TEST_F(ProductTest, WithoutAnIcon_TheStateHasNothing) {
