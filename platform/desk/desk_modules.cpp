@@ -1,6 +1,11 @@
 #include "platform/desk/desk_modules.h"
 
 #include <algorithm>
+#include <string>
+
+#include "platform/clipboard.h"
+#include "platform/desk/desk_clipboard_text.h"
+#include "platform/desk/resource_module.h"
 
 namespace strandline::desk {
 
@@ -14,10 +19,36 @@ constexpr TextView kOwnType = u"custom";
 // A loader that walks past the data's end would read these; as in a mapped module, it is never a null pointer.
 constexpr Byte kNoBytes[1] = {};
 
+// The system looks for a text by the lower half of its number alone.
+constexpr Long kNumberOfText = 0xFFFF;
+
+// What is left of a text on its way through the code page; NULs in it stay.
+String ThroughCodePage(TextView text) {
+  std::u16string through;
+  for (std::size_t at = 0; at <= text.size();) {
+    const std::size_t end = std::min(text.find(u'\0', at), text.size());
+    const TextView piece = text.substr(at, end - at);
+    if (at > 0) through += u'\0';
+    through += DecodeText(clipboardformat::kText, EncodeText(clipboardformat::kText, piece)).View();
+    at = end + 1;
+  }
+  return through;
+}
+
 }  // namespace
 
 void DeskModules::SetModule(const String& path, ModuleImage image) {
   mImages[LowerCase(path)] = std::make_shared<const ModuleImage>(std::move(image));
+}
+
+bool DeskModules::SetModuleFile(const String& path, std::span<const Byte> file) {
+  std::optional<ModuleImage> image = ReadResourceModule(file);
+  if (image) {
+    SetModule(path, std::move(*image));
+  } else {
+    RemoveModule(path);
+  }
+  return image.has_value();
 }
 
 void DeskModules::RemoveModule(const String& path) { mImages.erase(LowerCase(path)); }
@@ -79,13 +110,13 @@ Long DeskModules::FreeLibrary(Long module) {
 Long DeskModules::FindResourceA(Long module, Long id, const String& type) {
   const Module* loaded = UseModule(module, "FindResourceA");
   if (!loaded) return 0;
-  const auto found = loaded->image->resources.find({LowerCase(type), id});
-  if (found == loaded->image->resources.end()) return 0;
+  const std::span<const Byte>* const found = loaded->image->Find(id, type);
+  if (!found) return 0;
   const auto known = std::find_if(mResources.begin(), mResources.end(), [&](const auto& entry) {
-    return entry.second.module == module && entry.second.bytes == &found->second;
+    return entry.second.module == module && entry.second.bytes == found;
   });
   if (known != mResources.end()) return known->first;
-  mResources.emplace(++mLastResource, Resource{module, &found->second});
+  mResources.emplace(++mLastResource, Resource{module, found});
   return mLastResource;
 }
 
@@ -105,7 +136,7 @@ const Byte* DeskModules::LockResource(Long data) {
     RecordUnusable(data, kFirstResource, mLastResource, "LockResource");
     return nullptr;
   }
-  const std::vector<Byte>& bytes = *mResources.at(found->second).bytes;
+  const std::span<const Byte> bytes = *mResources.at(found->second).bytes;
   return bytes.empty() ? kNoBytes : bytes.data();
 }
 
@@ -124,9 +155,9 @@ Long DeskModules::FreeResource(Long data) {
 String DeskModules::LoadStringA(Long module, Long id, Long limit) {
   const Module* loaded = UseModule(module, "LoadStringA");
   if (!loaded || limit <= 1) return {};
-  const auto found = loaded->image->strings.find(id);
+  const auto found = loaded->image->strings.find(id & kNumberOfText);
   if (found == loaded->image->strings.end()) return {};
-  return found->second.View().substr(0, static_cast<std::size_t>(limit - 1));
+  return ThroughCodePage(found->second.View().substr(0, static_cast<std::size_t>(limit - 1)));
 }
 
 Boolean DeskModules::LoadResData(Long id, const String& type, Array<Byte>& bytes) {

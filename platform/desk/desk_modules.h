@@ -8,27 +8,18 @@
 #include <vector>
 
 #include "platform/desk/misuse_log.h"
+#include "platform/desk/module_image.h"
 #include "platform/desk/own_resources.h"
 #include "platform/modules.h"
 
 namespace strandline::desk {
 
-// What a module carries.
-struct ModuleImage {
-  // By type, in lower case, and number.
-  std::map<std::pair<String, Long>, std::vector<Byte>> resources;
-  std::map<Long, String> strings;
-
-  void AddResource(Long id, const String& type, std::vector<Byte> bytes) {
-    resources[{LowerCase(type), id}] = std::move(bytes);
-  }
-};
-
 // The modules that can be loaded, by path, letters taken without case, and the library's own images.
 //
 // Faithful: a module loaded twice has one handle and is to be freed twice; resources and their data go with it.
 // Simplified: a resource's handles are numbers of their own, the same in every run and never used twice.
-// Left out: searching folders for a module without a path, languages, types by number.
+// Left out: searching folders for a module without a path, types by number, characters that look like one the code page
+// lacks.
 class DeskModules final : public Modules {
  public:
   // `own` lives as long as this.
@@ -37,6 +28,8 @@ class DeskModules final : public Modules {
 
   // From now on this is what the path loads; a module that is loaded keeps what it has.
   void SetModule(const String& path, ModuleImage image);
+  // The same of a module's file. False where it is no module; then the path loads nothing.
+  bool SetModuleFile(const String& path, std::span<const Byte> file);
   void RemoveModule(const String& path);
 
   int LiveModules() const { return static_cast<int>(mModules.size()); }
@@ -61,8 +54,8 @@ class DeskModules final : public Modules {
   };
   struct Resource {
     Long module = 0;
-    const std::vector<Byte>* bytes = nullptr;  // part of the module's image
-    Long data = 0;                             // its loaded data, 0 before LoadResource
+    const std::span<const Byte>* bytes = nullptr;  // part of the module's image
+    Long data = 0;                                 // its loaded data, 0 before LoadResource
   };
   static constexpr Long kFirstModule = 0x60000000;
   static constexpr Long kFirstResource = 0x70000000;

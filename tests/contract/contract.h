@@ -32,6 +32,8 @@ class World {
   virtual HostClock& Clock() = 0;
   // A new module, there as long as the world is: the path by which it can be loaded; empty where it can't be made.
   virtual String MakeModule(const ModuleContents& contents) = 0;
+  // The same of a module's file as it is, which may be no module.
+  virtual String MakeModuleFile(const std::vector<Byte>& file) = 0;
   // Real time passes and nothing is pumped, as when the program computes. The desk's time stands still then.
   virtual void Compute(std::int64_t milliseconds) = 0;
 };
@@ -62,6 +64,7 @@ class Contract : public testing::Test {
   HostMouse& Mouse() { return mWorld->Mouse(); }
   HostClock& Clock() { return mWorld->Clock(); }
   String MakeModule(const ModuleContents& contents) { return mWorld->MakeModule(contents); }
+  String MakeModuleFile(const std::vector<Byte>& file) { return mWorld->MakeModuleFile(file); }
   void Compute(std::int64_t milliseconds) { mWorld->Compute(milliseconds); }
 
   // Lets time pass until the condition holds; false where it still doesn't after five seconds.

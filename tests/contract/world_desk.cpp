@@ -22,14 +22,22 @@ class DeskWorld final : public World {
     desk::ModuleImage image;
     for (const auto& [id, bytes] : contents.resources) image.AddResource(id, u"CUSTOM", bytes);
     image.strings = contents.strings;
-    const String path = Concat({u"C:\\Contract\\module", FromUtf8(std::to_string(++mModules)), u".dll"});
+    const String path = NewPath();
     mDesk.Modules().SetModule(path, std::move(image));
+    return path;
+  }
+
+  String MakeModuleFile(const std::vector<Byte>& file) override {
+    const String path = NewPath();
+    mDesk.Modules().SetModuleFile(path, file);
     return path;
   }
 
   void Compute(std::int64_t) override {}
 
  private:
+  String NewPath() { return Concat({u"C:\\Contract\\module", FromUtf8(std::to_string(++mModules)), u".dll"}); }
+
   desk::Desk mDesk;
   int mModules = 0;
 };

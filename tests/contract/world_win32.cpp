@@ -69,6 +69,16 @@ bool PutContents(const String& path, const ModuleContents& contents) {
   return ::EndUpdateResourceW(update, !ok) && ok;
 }
 
+bool PutFile(const String& path, const std::vector<Byte>& bytes) {
+  const HANDLE file = ::CreateFileW(Wide(path), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, 0, nullptr);
+  if (file == INVALID_HANDLE_VALUE) return false;
+  DWORD written = 0;
+  const auto size = static_cast<DWORD>(bytes.size());
+  const bool ok = ::WriteFile(file, bytes.data(), size, &written, nullptr) && written == size;
+  ::CloseHandle(file);
+  return ok;
+}
+
 class WindowsWorld final : public World {
  public:
   ~WindowsWorld() override {
@@ -87,6 +97,13 @@ class WindowsWorld final : public World {
     mFiles.push_back(path);
     if (!::CopyFileW(Wide(EmptyModule()), Wide(path), FALSE)) return {};
     return PutContents(path, contents) ? path : String();
+  }
+
+  String MakeModuleFile(const std::vector<Byte>& file) override {
+    const String path = TemporaryFile();
+    if (path.IsEmpty()) return {};
+    mFiles.push_back(path);
+    return PutFile(path, file) ? path : String();
   }
 
   void Compute(std::int64_t milliseconds) override { ::Sleep(static_cast<DWORD>(milliseconds)); }
