@@ -7,18 +7,30 @@ pkg_check_modules(TURBOJPEG REQUIRED IMPORTED_TARGET libturbojpeg)
 pkg_check_modules(SDL2 REQUIRED IMPORTED_TARGET sdl2)
 find_package(nlohmann_json REQUIRED)
 find_package(GTest REQUIRED)
+find_package(OpenSSL 3 REQUIRED)
+find_path(TOMLPLUSPLUS toml++/toml.h REQUIRED)
 
 include(resources/embed.cmake)
 
 strandline_floor(strandline_wrappers FOLDERS platform/wrappers USES strandline_core)
+strandline_floor(strandline_looks FOLDERS platform/looks USES strandline_core)
 strandline_floor(strandline_deskplatform FOLDERS platform/desk platform/desk/raster
-                 USES strandline_core strandline_wrappers)
+                 USES strandline_core strandline_wrappers strandline_looks)
 target_link_libraries(strandline_deskplatform PRIVATE GIF::GIF PNG::PNG PkgConfig::TURBOJPEG PkgConfig::SDL2)
 strandline_embed_images(strandline_deskplatform)
 
+# The program for authors of ad libraries; the desk verifies by the same code.
+strandline_floor(strandline_adtool FOLDERS adtool USES strandline_deskplatform)
+get_target_property(adtool_sources strandline_adtool SOURCES)
+list(FILTER adtool_sources EXCLUDE REGEX "/adtool/main\\.cpp$")
+set_target_properties(strandline_adtool PROPERTIES SOURCES "${adtool_sources}")
+target_link_libraries(strandline_adtool PUBLIC OpenSSL::Crypto)
+add_executable(strandline-ads adtool/main.cpp)
+target_link_libraries(strandline-ads PRIVATE strandline_adtool)
+
 strandline_floor(strandline_play FOLDERS play USES strandline_wordsim strandline_wrappers nlohmann_json::nlohmann_json)
 target_precompile_headers(strandline_play PRIVATE <nlohmann/json.hpp> <functional> <string> <vector>)
-strandline_floor(strandline_deskprogram FOLDERS desk USES strandline_deskplatform strandline_play)
+strandline_floor(strandline_deskprogram FOLDERS desk USES strandline_deskplatform strandline_play strandline_adtool)
 get_target_property(desk_sources strandline_deskprogram SOURCES)
 list(FILTER desk_sources EXCLUDE REGEX "/desk/main\\.cpp$")
 set_target_properties(strandline_deskprogram PROPERTIES SOURCES "${desk_sources}")
@@ -31,10 +43,11 @@ file(GLOB_RECURSE test_sources CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/tests/*.cpp
 # Those of the other world, which the cross compiler builds.
 list(FILTER test_sources EXCLUDE REGEX "/tests/(win32|server|script|wordhost)/|_win32\\.cpp$")
 add_executable(strandline_tests ${test_sources})
-target_link_libraries(strandline_tests PRIVATE strandline_deskprogram GTest::gtest GTest::gmock GTest::gtest_main PNG::PNG)
+target_link_libraries(strandline_tests PRIVATE strandline_deskprogram strandline_adtool GTest::gtest GTest::gmock GTest::gtest_main PNG::PNG)
 target_compile_definitions(strandline_tests PRIVATE
-  STRANDLINE_SOURCE_DIR="${CMAKE_SOURCE_DIR}" STRANDLINE_DESK_PROGRAM="$<TARGET_FILE:strandline-desk>")
-add_dependencies(strandline_tests strandline-desk)
+  STRANDLINE_SOURCE_DIR="${CMAKE_SOURCE_DIR}" STRANDLINE_DESK_PROGRAM="$<TARGET_FILE:strandline-desk>"
+  STRANDLINE_ADS_PROGRAM="$<TARGET_FILE:strandline-ads>")
+add_dependencies(strandline_tests strandline-desk strandline-ads)
 # The tests' own code isn't what is measured or shipped: it is built fast.
 target_compile_options(strandline_tests PRIVATE -O0 -g0)
 target_precompile_headers(strandline_tests PRIVATE <gtest/gtest.h> <functional> <optional> <string> <vector>
@@ -48,6 +61,13 @@ if(STRANDLINE_BENCH)
   add_executable(strandline_bench ${bench_sources} tests/support/allocations.cpp)
   target_link_libraries(strandline_bench PRIVATE strandline_deskprogram benchmark::benchmark
                         PkgConfig::SDL2 PkgConfig::LUA)
+  # Measured against where it is there.
+  find_library(LIBYUV yuv)
+  find_path(LIBYUV_HEADERS libyuv.h)
+  if(LIBYUV AND LIBYUV_HEADERS)
+    target_link_libraries(strandline_bench PRIVATE ${LIBYUV})
+    target_compile_definitions(strandline_bench PRIVATE STRANDLINE_HAS_LIBYUV)
+  endif()
 endif()
 
 if(STRANDLINE_FUZZ)

@@ -22,7 +22,8 @@ endforeach()
 file(CONFIGURE OUTPUT images.rc CONTENT "${image_lines}" @ONLY)
 
 # The seam on the real services, and what a host of the library needs of them.
-strandline_floor(strandline_win32 FOLDERS platform/win32 USES strandline_core)
+strandline_floor(strandline_looks FOLDERS platform/looks USES strandline_core)
+strandline_floor(strandline_win32 FOLDERS platform/win32 USES strandline_core strandline_looks)
 target_link_libraries(strandline_win32 PUBLIC gdi32 ole32 oleaut32 uuid)
 strandline_floor(strandline_win32host FOLDERS platform/win32/host USES strandline_win32)
 
@@ -71,6 +72,10 @@ add_executable(strandline-host wordhost/main.cpp ${CMAKE_CURRENT_BINARY_DIR}/ima
 target_link_libraries(strandline-host PRIVATE strandline_wordhost)
 add_dependencies(strandline-host strandline)
 
+# The tool's writer of ad libraries, without what needs packages that the cross compiler hasn't.
+add_library(strandline_adtool STATIC adtool/module_writer.cpp adtool/resource_section.cpp)
+target_link_libraries(strandline_adtool PUBLIC strandline_core)
+
 # A module of resources alone, for the tests.
 file(CONFIGURE OUTPUT module.rc CONTENT "${image_lines}STRINGTABLE\nBEGIN\n  7 \"seventh\"\nEND\n" @ONLY)
 add_custom_command(
@@ -95,7 +100,7 @@ file(GLOB test_sources CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/tests/contract/*.cp
      ${CMAKE_SOURCE_DIR}/tests/server/*.cpp ${CMAKE_SOURCE_DIR}/tests/wordhost/*.cpp)
 list(FILTER test_sources EXCLUDE REGEX "_desk\\.cpp$")
 add_executable(strandline_win32_tests ${test_sources} ${CMAKE_CURRENT_BINARY_DIR}/images.rc)
-target_link_libraries(strandline_win32_tests PRIVATE strandline_server strandline_wordhost gtest gmock)
+target_link_libraries(strandline_win32_tests PRIVATE strandline_server strandline_wordhost strandline_adtool gtest gmock)
 target_compile_options(strandline_win32_tests PRIVATE $<$<COMPILE_LANGUAGE:CXX>:-O0 -g0>)
 target_precompile_headers(strandline_win32_tests PRIVATE $<$<COMPILE_LANGUAGE:CXX>:<gtest/gtest.h$<ANGLE-R>>)
 add_dependencies(strandline_win32_tests strandline strandline_test_module)
