@@ -4,18 +4,13 @@
 #include <cstdio>
 #include <cstdlib>
 #include <limits>
+#include <optional>
 
 #include "platform/error.h"
 
 namespace strandline {
 
 namespace {
-
-template <class To>
-To Checked(std::int64_t value) {
-  if (value < std::numeric_limits<To>::min() || value > std::numeric_limits<To>::max()) Raise(errors::kOverflow);
-  return static_cast<To>(value);
-}
 
 template <class To>
 To Rounded(Double value) {
@@ -82,6 +77,14 @@ class NumberReader {
   std::string mPlain;
 };
 
+// Infinite where it is beyond all numbers.
+std::optional<Double> NumberIn(TextView text) {
+  while (text.ends_with(u'\0')) text.remove_suffix(1);
+  NumberReader reader(Trimmed(text));
+  if (!reader.Read()) return {};
+  return std::strtod(reader.Plain().c_str(), nullptr);
+}
+
 }  // namespace
 
 Double RoundHalfEven(Double value) {
@@ -92,22 +95,30 @@ Double RoundHalfEven(Double value) {
   return std::fmod(below, 2) == 0 ? below : below + 1;
 }
 
-Integer ToInteger(std::int64_t value) { return Checked<Integer>(value); }
-Long ToLong(std::int64_t value) { return Checked<Long>(value); }
 Integer RoundToInteger(Double value) { return Rounded<Integer>(value); }
 Long RoundToLong(Double value) { return Rounded<Long>(value); }
 
 Double NumberFromText(TextView text) {
-  NumberReader reader(Trimmed(text));
-  if (!reader.Read()) Raise(errors::kTypeMismatch);
-  const Double value = std::strtod(reader.Plain().c_str(), nullptr);
-  if (!std::isfinite(value)) Raise(errors::kOverflow);
-  return value;
+  const std::optional<Double> value = NumberIn(text);
+  if (!value) Raise(errors::kTypeMismatch);
+  if (!std::isfinite(*value)) Raise(errors::kOverflow);
+  return *value;
+}
+
+Boolean IsNumberText(TextView text) {
+  const std::optional<Double> value = NumberIn(text);
+  return value && std::isfinite(*value);
 }
 
 String TextFromNumber(Double value) {
   char buffer[40];
   const int length = std::snprintf(buffer, sizeof buffer, "%.15G", value);
+  return FromUtf8(std::string_view(buffer, static_cast<std::size_t>(length)));
+}
+
+String TextFromSingle(Single value) {
+  char buffer[40];
+  const int length = std::snprintf(buffer, sizeof buffer, "%.7G", static_cast<Double>(value));
   return FromUtf8(std::string_view(buffer, static_cast<std::size_t>(length)));
 }
 

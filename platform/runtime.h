@@ -1,7 +1,7 @@
 #pragma once
 
-// What the process, its user and its screen tell: the command line, the settings store, the clock, message boxes, the
-// code page, and the objects by which a report shows the run time's own state.
+// What the process, its user and its screen tell: the command line, the settings store, the clock, dates in text,
+// message boxes, the code page, and the objects by which a report shows the run time's own state.
 
 #include "platform/variant.h"
 
@@ -25,6 +25,8 @@ class RunTime {
   // A value of the user's settings store under the library's title; the default where there is none.
   virtual String GetSetting(const String& section, const String& key, const String& defaultValue) = 0;
   virtual Date Now() = 0;
+  // A date, with or without a time of day, as the user's locale writes it; 13 where it isn't one.
+  virtual Date DateFromText(const String& text) = 0;
   // Shows a message and waits for the user's answer. Without a title of its own the box bears the host's.
   virtual Long MsgBox(const String& text, Long style, const String* title) = 0;
   // Of the screen; 15 at 96 dots per inch.

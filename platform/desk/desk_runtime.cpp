@@ -5,6 +5,7 @@
 #include <cmath>
 
 #include "platform/clipboard.h"
+#include "platform/desk/date_text.h"
 #include "platform/desk/desk_clipboard_text.h"
 #include "platform/property_bag.h"
 
@@ -61,6 +62,12 @@ String DeskRunTime::GetSetting(const String& section, const String& key, const S
 
 // Whole seconds, as the system's clock is read.
 Date DeskRunTime::Now() { return DateOf(SecondsOf(mStart) + mClock.Milliseconds() / 1000); }
+
+Date DeskRunTime::DateFromText(const String& text) {
+  const std::optional<Date> date = DateInText(text);
+  if (!date) Raise(errors::kTypeMismatch);
+  return *date;
+}
 
 Long DeskRunTime::MsgBox(const String& text, Long style, const String* title) {
   mWindows.DoEvents();

@@ -38,6 +38,8 @@ class DeskRunTime final : public RunTime {
   String CommandLine() override { return mCommandLine; }
   String GetSetting(const String& section, const String& key, const String& defaultValue) override;
   Date Now() override;
+  // The user is in the United States: see date_text.h.
+  Date DateFromText(const String& text) override;
   Long MsgBox(const String& text, Long style, const String* title) override;
   Double TwipsPerPixelX() override;
   Double TwipsPerPixelY() override { return TwipsPerPixelX(); }

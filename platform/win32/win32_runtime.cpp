@@ -78,6 +78,14 @@ Date Win32RunTime::Now() {
   return date;
 }
 
+Date Win32RunTime::DateFromText(const String& text) {
+  Date date;
+  // It only reads the text, whatever its declaration says.
+  auto* const characters = const_cast<wchar_t*>(Wide(text));
+  if (FAILED(::VarDateFromStr(characters, LOCALE_USER_DEFAULT, 0, &date.days))) Raise(errors::kTypeMismatch);
+  return date;
+}
+
 namespace {
 
 BOOL CALLBACK TakeMainWindow(HWND window, LPARAM found) {

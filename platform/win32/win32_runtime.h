@@ -13,6 +13,7 @@ class Win32RunTime final : public RunTime {
   String GetSetting(const String& section, const String& key, const String& defaultValue) override;
   // Whole seconds of the user's local time.
   Date Now() override;
+  Date DateFromText(const String& text) override;
   // The thread's active window owns the box.
   Long MsgBox(const String& text, Long style, const String* title) override;
   Double TwipsPerPixelX() override;

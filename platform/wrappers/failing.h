@@ -23,6 +23,12 @@ class Failing : public Forwarding<Interface> {
     Raise(errors::kCannotCreateComponent);
   }
 
+  // So is a text that isn't what it should be.
+  template <class Value>
+  static Value RefuseText() {
+    Raise(errors::kTypeMismatch);
+  }
+
   // So is a clipboard that its own object can't open.
   template <class Answer>
   static Answer RefuseToOpen() {

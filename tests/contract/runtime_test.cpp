@@ -2,7 +2,9 @@
 
 #include <cmath>
 
+#include "platform/dates.h"
 #include "tests/contract/contract.h"
+#include "tests/support/raised.h"
 
 namespace strandline::contract {
 namespace {
@@ -28,6 +30,41 @@ TEST_F(RunTimeContract, TheCalendar_GoesOnInWholeSeconds) {
   EXPECT_LT(later, 10 * kSecond);
   const Double seconds = before.days / kSecond;
   EXPECT_NEAR(seconds, std::round(seconds), 0.01);
+}
+
+// The user of both worlds writes dates as in the United States.
+TEST_F(RunTimeContract, ADateInText_IsThatDay) {
+  const struct {
+    const char16_t* text;
+    Integer year, month, day;
+  } cases[] = {{u"3/1/2009", 2009, 3, 1},       {u"12/31/2009", 2009, 12, 31},   {u"3-1-2009", 2009, 3, 1},
+               {u"2009-03-01", 2009, 3, 1},     {u"1 March 2009", 2009, 3, 1},   {u"March 1, 2009", 2009, 3, 1},
+               {u"mar 1, 2009", 2009, 3, 1},    {u" 03/01/2009 ", 2009, 3, 1},   {u"2/29/2008", 2008, 2, 29},
+               {u"12/30/1899", 1899, 12, 30},   {u"7/4/1776", 1776, 7, 4},       {u"12/31/9999", 9999, 12, 31},
+               {u"1/1/29", 2029, 1, 1},         {u"1/1/80", 1980, 1, 1},         {u"1/1/00", 2000, 1, 1},
+               {u"5 December 99", 1999, 12, 5}, {u"February 3 2010", 2010, 2, 3}};
+  for (const auto& [text, year, month, day] : cases) {
+    SCOPED_TRACE(ToUtf8(text));
+    Date date;
+    EXPECT_EQ(Raised([&] { date = runTime.DateFromText(text); }), 0);
+    EXPECT_EQ(date.days, dates::FromParts(year, month, day).days);
+  }
+  EXPECT_EQ(runTime.DateFromText(String(TextView(u"3/1/2009\0", 9))), dates::FromParts(2009, 3, 1));
+}
+
+TEST_F(RunTimeContract, ATimeOfDay_IsTheFractionOfItsDate) {
+  const Date day = dates::FromParts(2009, 3, 1);
+  EXPECT_DOUBLE_EQ(runTime.DateFromText(u"3/1/2009 18:00").days, day.days + 0.75);
+  EXPECT_DOUBLE_EQ(runTime.DateFromText(u"3/1/2009 6:00 PM").days, day.days + 0.75);
+  EXPECT_DOUBLE_EQ(runTime.DateFromText(u"3/1/2009 12:00:00 AM").days, day.days);
+  EXPECT_DOUBLE_EQ(runTime.DateFromText(u"12/29/1899 6:00").days, -1.25);
+}
+
+TEST_F(RunTimeContract, TextThatIsNoDate_Raises) {
+  for (const char16_t* text :
+       {u"", u" ", u"soon", u"2/30/2009", u"2/29/2009", u"13/32/2009", u"3/1/2009x", u"Marc 1, 2009", u"3/1/20091"}) {
+    EXPECT_EQ(Raised([&] { runTime.DateFromText(text); }), errors::kTypeMismatch) << ToUtf8(text);
+  }
 }
 
 TEST_F(RunTimeContract, Texts_GoThroughTheDefaultCodePage) {

@@ -49,6 +49,54 @@ TEST_F(RunTimeTest, Now_GoesWithTheVirtualClockInWholeSeconds) {
   EXPECT_EQ(mRunTime.Now(), MakeDate(1899, 12, 30));
 }
 
+TEST_F(RunTimeTest, YearsOfTwoDigits_AreThoseAround2000) {
+  EXPECT_EQ(mRunTime.DateFromText(u"1/1/29"), MakeDate(2029, 1, 1));
+  EXPECT_EQ(mRunTime.DateFromText(u"1/1/30"), MakeDate(1930, 1, 1));
+  EXPECT_EQ(mRunTime.DateFromText(u"1/1/0"), MakeDate(2000, 1, 1));
+  EXPECT_EQ(mRunTime.DateFromText(u"1/1/100"), MakeDate(100, 1, 1));
+}
+
+TEST_F(RunTimeTest, DatesInOtherForms_ArentRead) {
+  for (const char16_t* text : {u"3//2009",
+                               u"3/1",
+                               u"10:00",
+                               u"3/1-2009",
+                               u"2009-3",
+                               u"3.1.2009",
+                               u"31/12/2009",
+                               u"0/1/2009",
+                               u"1/0/2009",
+                               u"1/1/12345",
+                               u"March",
+                               u"March 1",
+                               u"March 32, 2009",
+                               u"1 2009",
+                               u"2009 March 1",
+                               u"1,March 2009",
+                               u"/1/2009",
+                               u"3/1/",
+                               u"-3/1/2009",
+                               u"3/1/2009 24:00",
+                               u"3/1/2009 12:60",
+                               u"3/1/2009 9:9:60",
+                               u"3/1/2009 6PM",
+                               u"3/1/2009 0:30 PM",
+                               u"3/1/2009 13:0 AM",
+                               u"3/1/2009 6: PM",
+                               u"3/1/2009 6:00 P",
+                               u"3/1/2009 6:00 PM x",
+                               u"\u0663/1/2009"}) {
+    EXPECT_EQ(ErrorOf([&] { mRunTime.DateFromText(text); }), errors::kTypeMismatch) << ToUtf8(text);
+  }
+}
+
+TEST_F(RunTimeTest, BlanksAndCaseInADate_DontMatter) {
+  for (const char16_t* text :
+       {u"3 / 1 / 2009 18:30:15", u"\t1  MARCH  2009   6:30:15pm", u"mArCh 1 , 2009 18:30:15 "}) {
+    EXPECT_EQ(mRunTime.DateFromText(text), MakeDate(2009, 3, 1, 18, 30, 15)) << ToUtf8(text);
+  }
+}
+
 TEST_F(RunTimeTest, Settings_AreFoundWithoutCase) {
   EXPECT_EQ(mRunTime.GetSetting(u"Init", u"Size", u"12"), u"12");
   mRunTime.SetSetting(u"Init", u"Size", u"");

@@ -82,6 +82,21 @@ TEST(Convert, OtherText_IsNoNumber) {
             errors::kTypeMismatch);
 }
 
+TEST(Convert, NumberWithTheNulThatEndsIt_IsUnderstood) {
+  EXPECT_EQ(NumberFromText(TextView(u"12\0", 3)), 12);
+  EXPECT_TRUE(IsNumberText(TextView(u"12 \0", 4)));
+  EXPECT_EQ(Raised([] { NumberFromText(TextView(u"\0", 1)); }), errors::kTypeMismatch);
+}
+
+TEST(Convert, IsNumberText_TellsWhatCanBeConverted) {
+  for (const char16_t* text : {u"0", u"31", u" 31 ", u"+31", u"-31", u"3.1", u"1,000", u"1e3"}) {
+    EXPECT_TRUE(IsNumberText(text)) << ToUtf8(text);
+  }
+  for (const char16_t* text : {u"", u" ", u"x31", u"31x", u"-", u"3 1", u"1e400"}) {
+    EXPECT_FALSE(IsNumberText(text)) << ToUtf8(text);
+  }
+}
+
 TEST(Convert, NumberToText_HasAtMost15Digits) {
   const struct {
     Double number;
