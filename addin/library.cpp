@@ -81,6 +81,11 @@ void Library::Abandon() noexcept {
 
 Ref<Main2> Library::CreateMain2() { return New<Main2>(); }
 
+Object Library::AdCallback() {
+  const auto* const factory = dynamic_cast<AdvertisementsFactory*>(ToolbarUtilities::variables.adFactory.get());
+  return factory && factory->callbackToMe() ? Object(factory->callbackToMe()) : Object();
+}
+
 void Library::SetLogObserver(LogObserver* observer) { CommonLogger::observer = observer; }
 void Library::SetPictureObserver(PictureObserver* observer) { LoadImageFromResource::observer = observer; }
 

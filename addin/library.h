@@ -30,6 +30,9 @@ class Library {
   void SetLogObserver(LogObserver* observer);
   void SetPictureObserver(PictureObserver* observer);
 
+  // The factory's own stub, which outsiders are handed; Nothing without a factory.
+  static Object AdCallback();
+
   // Everything that the library holds: Main2, the modules, the factory, and each toolbar.
   void ReportState(StateVisitor& to) const;
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/values.h"
+#include "platform/variant.h"
 
 namespace strandline {
 
@@ -8,6 +8,9 @@ namespace strandline {
 class AdStrip {
  public:
   virtual void PaintAd(Boolean forceEraseBackground) = 0;
+
+  // As a trace or a dump shows it; a strip that is no object of the automation world is Nothing there.
+  operator Variant() const { return Object(Ref<Dispatch>(dynamic_cast<Dispatch*>(const_cast<AdStrip*>(this)))); }
 
  protected:
   ~AdStrip() = default;

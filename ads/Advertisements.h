@@ -1,24 +1,75 @@
 #pragma once
 
-// The ad panel of one strip, as the strip knows it: what picture it shows now, and what it wants to hear. Strips have
-// no panel yet; AdvertisementsFactory::Create gives Nothing.
+// The ad panel of one strip: which ads may show in this window, which is on screen, when the next comes, and the fade
+// between them. The ads themselves are shared and stay with the factory; what the strip paints from is a context of
+// this panel's own.
+//
+// All time comes from one timer of the window. At rest it has the period of the ad on screen; during a fade, which has
+// ten steps, 100 ms. A rotation starts by itself only in the active document, and once begun it goes on whichever
+// document is active, until a tick finds no other ad to show.
 
-#include "ads/AdStrip.h"
-#include "foundation/class_object.h"
+#include "ads/AdPanel.h"
+#include "foundation/procedure.h"
 
 namespace strandline {
 
-class Advertisements : public ClassObject {
+class Advertisement;
+
+class Advertisements final : public AdPanel {
  public:
-  // Takes over the current set of ads; hWnd: the strip's window.
-  virtual void Initialize(Long hWnd) = 0;
-  // The context and size (pixels) of the picture shown; hdc 0 when there is none.
-  virtual void getPictureStats(Long& hdc, Long& width, Long& height) = 0;
-  virtual void TimerTick(Long hWnd, AdStrip& strip) = 0;
-  virtual void SwitchListener(Long hWnd) = 0;
-  virtual void ClickOnAd() = 0;
-  virtual void ValueChanged(const Array<Boolean>& ads) = 0;
-  virtual void ReprimeTimerCycle(Boolean restart) = 0;
+  // Comes again at each forced repaint: how a window whose panel was made before the ads were loaded finds them. The
+  // document that is active now counts as this window's.
+  void Initialize(Long hWnd) override;
+  void getPictureStats(Long& hdc, Long& width, Long& height) override;
+  void TimerTick(Long hWnd, AdStrip& theButtons) override;
+  // Ends a fade that is under way. Until the next Initialize the former window is the one that the factory knows, and
+  // whose timer goes with the panel.
+  void SwitchListener(Long hWnd) override;
+  // The web page of the ad on screen; during a fade, of the one that comes.
+  void ClickOnAd() override;
+  void ValueChanged(const Array<Boolean>& ads) override;
+  void ReprimeTimerCycle(Boolean forceRestart) override;
+
+  void ReportVariables(Reporter& to) const override;
+
+ private:
+  friend struct AdsAccess;  // the tests' way to the operations below
+
+  // --- which ads may show (ads/Advertisements.cpp) ---
+  void UpdateToNewAds();
+  void InitializeBackBuffer();
+  Boolean isEmptyArrayBoolean(const Array<Boolean>& testArray);
+  // An ad that the array doesn't name drops out; an array never sized names all.
+  void ReinitializeVisibleArray(const Array<Boolean>& visibleUpdateArray);
+  // Stretches of it: to the first ad that may show, and whether there is another behind it.
+  Boolean FindVisible(Frame& procedure, const Array<Boolean>& visibleUpdateArray, Long& i);
+  Boolean FindMoreVisible(Frame& procedure, const Array<Boolean>& visibleUpdateArray, Long i);
+  Boolean TestAd(Frame& procedure, const Array<Boolean>& visibleUpdateArray, Long i, Boolean& isVisible);
+  void CopyDC(Long& destHdc, Long srcHdc);
+  void DeleteMyDC();
+  void Terminated() override;
+
+  // --- rotation and fades (ads/ad_rotation.cpp) ---
+  void TickStartFade(Long hWnd, AdStrip& theButtons);
+  void IncrementFade(AdStrip& theButtons);
+  void TickEndFade(Long hWnd, AdStrip& theButtons);
+  void PrimeTimerCycle(Long hWnd, Boolean forceRestart);
+  Boolean ImActiveDocument();
+  Ref<Advertisement> currentAd();
+
+  Integer mFadeTick = 0;         // 0 at rest, else the step of the fade that was drawn last
+  Array<Boolean> mVisibleArray;  // from 0: whether an ad may show here
+  Integer mCurrentIndex = 0;     // the ad on screen, or the one that a fade goes to
+  Integer mPreviousIndex = 0;    // the ad that a fade leaves
+  Long mHwnd = 0;
+  Long mTargetHdc = 0;  // what the strip paints from; 0 until there are ads
+  Long mOldHandle = 0;  // the bitmap that its own displaced
+  Boolean mMoreThanOneAdIsVisible = false;
+  Long mWidth = 0;  // of all ads, pixels
+  Long mHeight = 0;
+  Boolean mCyclingAds = false;
+  Long mDocId = 0;
+  Integer mAds_ubound = 0;  // -1 for no ads
 };
 
 }  // namespace strandline

@@ -6,13 +6,13 @@
 
 namespace strandline {
 
-class Advertisements;
+class AdPanel;
 
 class AdvertisementsFactoryInterface : public ClassObject {
  public:
   virtual void Initialize(const Object& callbackToMain) = 0;
   // The ad panel of one strip, Nothing when it has none; the place in pixels of the window.
-  virtual Ref<Advertisements> Create(Long hWnd, Long left, Long top, Long width, Long height) = 0;
+  virtual Ref<AdPanel> Create(Long hWnd, Long left, Long top, Long width, Long height) = 0;
   // After the first forced repaint of a strip, when its cells are fresh.
   virtual void AfterPaint(Long hWnd, Long left, Long top, Long width, Long height) = 0;
 };

@@ -6,7 +6,7 @@
 //
 // A paint can come in while a frame is being composed, since the painter sends the window a message for its background.
 
-#include "ads/Advertisements.h"
+#include "ads/AdPanel.h"
 #include "drawing/Painter.h"
 #include "toolbar/Menu.h"
 
@@ -83,7 +83,7 @@ class Buttons final : public ClassObject, public AdStrip {
   void ReprimeTimerCycle();
 
   const Painter& painter() const { return *mPainter; }
-  const Advertisements* advert() const { return mAdvert.get(); }
+  const AdPanel* advert() const { return mAdvert.get(); }
   void ReportVariables(Reporter& to) const override;
 
  private:
@@ -101,7 +101,7 @@ class Buttons final : public ClassObject, public AdStrip {
   Integer mHighlightedButton = 0;  // the cell under the mouse, 0 for none
   Long mButtonState = 0;           // look of that cell: 0 raised, 1 sunken
   Ref<Menu> mMenu;
-  Ref<Advertisements> mAdvert;  // Nothing when the strip has no ad panel
+  Ref<AdPanel> mAdvert;         // Nothing when the strip has no ad panel
   Long mHwnd = 0;               // the bar's window
   Integer mLastUpIndex = 0;     // the cell of the last click, which shows no tooltip until the mouse has been elsewhere
   Rect mBoundingRect;           // the union of the cells that aren't dropped

@@ -186,7 +186,7 @@ TEST_F(UserCommands, ProductsTabBefore2007_CallsNothing) {
 // Panels that tell where they are clicked.
 class AdClick : public UserCommands {
  protected:
-  class Panel final : public Advertisements {
+  class Panel final : public AdPanel {
    public:
     Panel(AdClick& test, Long hwnd) : mTest(test), mHwnd(hwnd) {}
     void Initialize(Long) override {}
@@ -209,7 +209,9 @@ class AdClick : public UserCommands {
    public:
     explicit Factory(AdClick& test) : mTest(test) {}
     void Initialize(const Object&) override {}
-    Ref<Advertisements> Create(Long hWnd, Long, Long, Long, Long) override { return New<Panel>(mTest, hWnd); }
+    Ref<AdPanel> Create(Long hWnd, Long, Long, Long, Long) override {
+      return mTest.mHasPanels ? New<Panel>(mTest, hWnd) : nullptr;
+    }
     void AfterPaint(Long, Long, Long, Long, Long) override {}
     void ReportVariables(Reporter&) const override {}
 
@@ -222,6 +224,7 @@ class AdClick : public UserCommands {
     ToolbarUtilities::variables.adFactory = New<Factory>(*this);
   }
   std::string mClicks;
+  bool mHasPanels = true;
   bool mFails = false;
 };
 
@@ -236,18 +239,47 @@ TEST_F(AdClick, ReachesThePanelOfTheActiveWindow) {
   EXPECT_TRUE(Did().Errors().empty());
 }
 
+// The error component hears that there is no toolbar to be had; nothing else comes of it.
 TEST_F(AdClick, WithoutAnEntryForTheWindow_DoesNothingAndRaisesNothing) {
   BeginWithAds();
   TheWorld().Open(u"One.doc");
   Word().Open(u"Two.doc");
+  for (const bool byName : {false, true}) {
+    Did().Clear();
+    String command = u"ClickOnAd";
+    byName ? static_cast<void>(Main().Execute(command)) : Main().ClickOnAd();
+    EXPECT_EQ(Block(Did().Errors()), "13 Main2.Toolbars[Get]\n");
+    EXPECT_EQ(mClicks, "");
+    EXPECT_EQ(Acts(), "");
+    EXPECT_TRUE(Did().Of(Doings::kHook | Doings::kBox).empty());
+    EXPECT_EQ(Registry(), "top 1") << "nor is an entry made by asking";
+  }
+}
+
+// Whatever the error component answers: without a toolbar there is nothing to click.
+TEST_F(AdClick, WithoutAnEntryThatIsPassedOver_DoesNothing) {
+  BeginWithAds();
+  TheWorld().Open(u"One.doc");
+  Word().Open(u"Two.doc");
+  Did().Clear();
+  TheWorld().AnswerErrors({5});
+  Main().ClickOnAd();
+  EXPECT_EQ(Did().Errors().size(), 1u);
+  EXPECT_EQ(mClicks, "");
+  EXPECT_EQ(Registry(), "top 1");
+}
+
+TEST_F(AdClick, OnTheBuiltInAd_OpensTheProductsPage) {
+  TheWorld().Open(u"One.doc");
   Did().Clear();
   Main().ClickOnAd();
-  EXPECT_EQ(mClicks, "");
   EXPECT_TRUE(Did().Errors().empty());
-  EXPECT_EQ(Registry(), "top 1") << "nor is an entry made by asking";
+  EXPECT_EQ(Acts(), "call HTTP.Main2 Browse(http://www.quillmere.example/?emailAddress=)\n");
 }
 
 TEST_F(AdClick, WithoutAPanel_DoesNothing) {
+  BeginWithAds();
+  mHasPanels = false;
   TheWorld().Open(u"One.doc");
   Did().Clear();
   Main().ClickOnAd();
@@ -257,18 +289,29 @@ TEST_F(AdClick, WithoutAPanel_DoesNothing) {
 
 TEST_F(AdClick, WithoutARegistryOrADocument_DoesNothing) {
   for (const char16_t* version : {u"11.0", u"12.0"}) {
+    SCOPED_TRACE(ToUtf8(version));
+    const bool hasRibbon = version[1] == u'2';
+    const std::string registry = hasRibbon ? "none" : "";
     Begin(version);
-    Main().ClickOnAd();
-    if (version[1] == u'2') TheWorld().Open(u"One.doc");
-    Main().ClickOnAd();
-    EXPECT_TRUE(Did().Errors().empty());
+    for (const bool hasDocument : {false, true}) {
+      if (hasDocument) Word().Open(u"One.doc");
+      Did().Clear();
+      Main().ClickOnAd();
+      EXPECT_EQ(Block(Did().Errors()), hasRibbon ? "91 Main2.Toolbars[Get]\n" : "13 Main2.Toolbars[Get]\n");
+      EXPECT_EQ(Acts(), "");
+      EXPECT_EQ(Registry(), registry);
+    }
   }
-  Begin(u"11.0");
+}
+
+TEST_F(AdClick, InTheSmallToolbar_DoesNothing) {
+  BeginWithAds();
   TheWorld().Open(u"One.doc");
-  Inside::RemoveAllToolbars(Main());
-  Inside::SmallToolbar(Main()) = true;
+  Main().ShrinkToolbar();
+  Did().Clear();
   Main().ClickOnAd();
-  EXPECT_TRUE(Did().Errors().empty());
+  EXPECT_EQ(mClicks, "");
+  EXPECT_EQ(Acts(), "");
   EXPECT_EQ(Registry(), "");
 }
 

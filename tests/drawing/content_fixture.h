@@ -3,7 +3,7 @@
 // The content tables, initialised with a factory that writes down what becomes of it, and an ear on what is asked of
 // Word and the product.
 
-#include "ads/Advertisements.h"
+#include "ads/AdPanel.h"
 #include "tests/drawing/drawing_fixture.h"
 #include "wordaccess/CommonPropertyFunctions.h"
 #include "wordaccess/CommonWordInteractionFunctions.h"
@@ -41,7 +41,7 @@ class ContentTest : public DrawingTest {
       factoryCalls.push_back(callbackToMain == sCallback ? "initialized with the callback"
                                                          : "initialized with another");
     }
-    Ref<Advertisements> Create(Long, Long, Long, Long, Long) override { return nullptr; }
+    Ref<AdPanel> Create(Long, Long, Long, Long, Long) override { return nullptr; }
     void AfterPaint(Long, Long, Long, Long, Long) override {}
     void ReportVariables(Reporter&) const override {}
 

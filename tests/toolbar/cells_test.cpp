@@ -106,7 +106,7 @@ TEST_F(Cells, ABarOfFewerControls_LeavesTheRestAtZeroAndNotDropped) {
     EXPECT_EQ(Text(BoundingRect()), Text(Rect{Place(1).left, Place(1).top, Place(count).right, Place(count).bottom}));
     // They are painted all the same.
     trace().Listen(Trace::kProcedures);
-    trace().Only({"Painter.PaintIconTransparently("});
+    trace().Only({"Painter.PaintIconTransparently(", "Painter.PaintDCTransparently("});
     Strip().Redraw(world->Top());
     EXPECT_EQ(trace().Take().size(), 18u);  // sixteen, and cell 14 twice more for Lumivex
   }

@@ -35,7 +35,12 @@ TEST_F(DumpOfButtons, Buttons_ReportTheirValues) {
   EXPECT_FALSE(variables.Flag(u"mIsHandling"));
   EXPECT_FALSE(variables[u"mPainter"].ToObject().IsNothing());
   EXPECT_FALSE(variables[u"mMenu"].ToObject().IsNothing());
-  EXPECT_TRUE(variables[u"mAdvert"].ToObject().IsNothing());
+  EXPECT_FALSE(variables[u"mAdvert"].ToObject().IsNothing());
+}
+
+TEST_F(DumpOfButtons, Buttons_WithoutAnAdPanel_ReportNothingForIt) {
+  BeginWithoutAds();
+  EXPECT_TRUE(VariableSnapshot::Of(Strip())[u"mAdvert"].ToObject().IsNothing());
 }
 
 TEST_F(DumpOfButtons, Buttons_AsTheyAreMade_HaveAPainterAndAMenuAndNothingElse) {

@@ -4,13 +4,13 @@
 
 #include <functional>
 
-#include "ads/Advertisements.h"
+#include "ads/AdPanel.h"
 #include "drawing/ToolbarUtilities.h"
 #include "tests/toolbar/toolbar_world.h"
 
 namespace strandline {
 
-class FakePanel final : public Advertisements {
+class FakePanel final : public AdPanel {
  public:
   explicit FakePanel(Trace& trace) : mTrace(trace) {}
 
@@ -45,15 +45,24 @@ class FakePanel final : public Advertisements {
   Trace& mTrace;
 };
 
+// Gives no panel, and nobody hears of it.
+class NoAds final : public AdvertisementsFactoryInterface {
+ public:
+  void Initialize(const Object&) override {}
+  Ref<AdPanel> Create(Long, Long, Long, Long, Long) override { return nullptr; }
+  void AfterPaint(Long, Long, Long, Long, Long) override {}
+  void ReportVariables(Reporter&) const override {}
+};
+
 // Gives the one panel that it was made with, or Nothing.
 class FakeAdFactory final : public AdvertisementsFactoryInterface {
  public:
   FakeAdFactory(Trace& trace, Ref<FakePanel> panel) : mTrace(trace), mPanel(std::move(panel)) {}
 
   void Initialize(const Object&) override {}
-  Ref<Advertisements> Create(Long hWnd, Long left, Long top, Long width, Long height) override {
+  Ref<AdPanel> Create(Long hWnd, Long left, Long top, Long width, Long height) override {
     Say("Create", hWnd, left, top, width, height);
-    return Ref<Advertisements>(mPanel.get());
+    return Ref<AdPanel>(mPanel.get());
   }
   void AfterPaint(Long hWnd, Long left, Long top, Long width, Long height) override {
     Say("AfterPaint", hWnd, left, top, width, height);

@@ -75,7 +75,7 @@ TEST_F(StripFrame, EachOccasion_RenewsNoMoreThanItsShare) {
        [](ToolbarWorld& w, Toolbar&, Buttons& strip) { strip.HandlePaint(w.Top(), true); }},
       {"any other paint", false, false, false, true,
        [](ToolbarWorld& w, Toolbar&, Buttons& strip) { strip.HandlePaint(w.Top(), false); }},
-      {"the picture of the ad cell", false, false, false, false,
+      {"the picture of the ad cell", false, false, false, true,
        [](ToolbarWorld&, Toolbar&, Buttons& strip) { strip.PaintAd(false); }},
       {"an edge", false, false, false, false,
        [](ToolbarWorld& w, Toolbar&, Buttons& strip) {
@@ -127,6 +127,7 @@ TEST_F(StripFrame, PaintAd_SaysItsFlag_AndPaintsTheCellThroughAContextOfItsOwn) 
                                       "Buttons.PaintIcon(16, dc 1, " +
                                       flag +
                                       ")\n"
+                                      "Painter.BltBuffer(dc 1, False)\n"
                                       "ReleaseDC(bar 1, dc 1)\n");
   }
 }

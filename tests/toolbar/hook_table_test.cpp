@@ -47,7 +47,7 @@ TEST_F(HookTable, Hook_EachMessageOfTheTable_SaysAsksAndHandsOnItsOwnAndNothingE
   const MessageCase cases[] = {
       {"WM_PAINT", 15, 0, 0, {before + "0", "Buttons.HandlePaint(top 1, False)"}},
       {"WM_NCMOUSEMOVE", 160, 2, there, {"Buttons.removeButtonHighlighting(0)", "word gets 160(2, " + param + ")"}},
-      {"WM_TIMER of the ads", 275, 4096, 0, {"Buttons.TimerTick(True)"}},
+      {"WM_TIMER of the ads", 275, 4096, 0, {"Buttons.TimerTick(True)", "KillTimer(bar 1, 4096)"}},
       {"WM_TIMER 0", 275, 0, 0, {"word gets 275(0, 0)"}},
       {"WM_TIMER of any other number", 275, 65537, 0, {"KillTimer(bar 1, 65537)", "Buttons.TimerTick(False)"}},
       {"WM_LBUTTONUP beside the strip",

@@ -20,7 +20,7 @@ struct TimerCase {
 };
 
 TEST_F(HookTimer, Hook_ATickOfEachNumber_IsTheAdsNobodysOrAOneShots) {
-  BeginWithToolbar();
+  BeginWithoutAds();
   const TimerCase cases[] = {
       {0, {"hook message(bar 1, 275, 0, 0)"}},
       {4096, {"Buttons.TimerTick(True)", "hook message(bar 1, 275, 4096, 0) cancelled"}},
@@ -53,7 +53,7 @@ TEST_F(HookTimer, Hook_ATimerThatSomebodyElseSet_IsKilledAtItsFirstTick) {
 }
 
 TEST_F(HookTimer, Hook_TheTimerOfTheAds_KeepsRunning) {
-  BeginWithToolbar();
+  BeginWithoutAds();
   Hear();
   OfWindows().SetTimer(world->Bar(), 4096, 100, nullptr);
   world->Wait(350);

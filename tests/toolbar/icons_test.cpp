@@ -33,7 +33,7 @@ constexpr PictureCase kPictures[] = {
 };
 
 TEST_F(Icons, PaintIcon_HandsThePainterThePictureOfTheCellWithCellAndSize) {
-  BeginWithToolbar();
+  BeginWithoutAds();
   for (const PictureCase& each : kPictures) {
     Boolean erase = false;
     const std::string told = PaintAndTake(each.cell, 0, erase);
@@ -149,7 +149,7 @@ TEST_F(Icons, TheProductsPicture_FollowsItsName) {
 }
 
 TEST_F(Icons, APictureThatCannotBeLoaded_CostsItsCellAlone) {
-  BeginWithToolbar();
+  BeginWithoutAds();
   trace().Listen(Trace::kPictures);
   bool armed = false;
   trace().during = [&](const std::string& line) {
@@ -168,7 +168,7 @@ TEST_F(Icons, APictureThatCannotBeLoaded_CostsItsCellAlone) {
 }
 
 TEST_F(Icons, ACellBeyondAnInteger_IsAnErrorOfItsOwnAndTheOthersArePainted) {
-  BeginWithToolbar();
+  BeginWithoutAds();
   world->word.PlaceCell(3, {40000, 5, 40020, 25});
   world->word.PlaceCell(4, {10, 5, 40020, 25});
   trace().Listen(Trace::kProcedures);

@@ -31,6 +31,7 @@ TEST_F(ToolbarEnd, Terminate_SendsOneMessageThroughTheHook_ThenLetsGoOfWindowAnd
                                     "SendMessageA(bar 1, 18, 0, 0)\n"
                                     "hook unsubclass(bar 1)\n"
                                     "log Buttons terminated\n"
+                                    "log Advertisements terminated\n"
                                     "log End Toolbar terminate of " +
                                     top + "\n");
   const VariableSnapshot variables = VariableSnapshot::Of(*toolbar);
@@ -55,8 +56,8 @@ TEST_F(ToolbarEnd, TheLastOwnerLetsGo_EndsTheToolbarAndSaysSo) {
   const std::string top = Hex(world->Top());
   toolbar = nullptr;
   EXPECT_EQ(trace().TakeText(), "log Start Toolbar terminate of " + top + "\nlog " + top +
-                                    " quit message\nlog Buttons terminated\nlog End Toolbar terminate of " + top +
-                                    "\nlog Toolbar " + top + " terminated\n");
+                                    " quit message\nlog Buttons terminated\nlog Advertisements terminated\n" +
+                                    "log End Toolbar terminate of " + top + "\nlog Toolbar " + top + " terminated\n");
 }
 
 TEST_F(ToolbarEnd, TheLastOwnerLetsGo_OfAToolbarThatHasEnded_SaysOnlyThat) {
@@ -130,17 +131,18 @@ TEST_F(ToolbarEnd, TheWindow_AfterTheEnd_IsWordsAgain) {
   EXPECT_FALSE(world->Pixels(world->Bar()) == strip);
 }
 
-TEST_F(ToolbarEnd, Terminate_LetsGoOfAllContextsAndBitmapsButTheSharedBackground) {
+TEST_F(ToolbarEnd, Terminate_LetsGoOfAllContextsAndBitmapsButThoseThatAllShare) {
   for (const char16_t* version : {u"9.0", u"10.0", u"11.0"}) {
     Begin(WordOf(version));
     const int contexts = world->Contexts();
     const int bitmaps = world->Bitmaps();
     MakeToolbar();
+    EXPECT_EQ(world->Contexts(), contexts + 6) << ToUtf8(version);
+    EXPECT_EQ(world->Bitmaps(), bitmaps + 6) << ToUtf8(version);
+    toolbar = nullptr;
+    // The frames' background, the ads', and the one ad.
     EXPECT_EQ(world->Contexts(), contexts + 3) << ToUtf8(version);
     EXPECT_EQ(world->Bitmaps(), bitmaps + 3) << ToUtf8(version);
-    toolbar = nullptr;
-    EXPECT_EQ(world->Contexts(), contexts + 1) << ToUtf8(version);
-    EXPECT_EQ(world->Bitmaps(), bitmaps + 1) << ToUtf8(version);
     world->main->Quit();
     EXPECT_EQ(world->Contexts(), contexts) << ToUtf8(version);
     EXPECT_EQ(world->Bitmaps(), bitmaps) << ToUtf8(version);
@@ -217,7 +219,11 @@ TEST_F(EndInsideAPaint, Paint_WhereverTheProductEndsInIt_LeavesNoHookAndGivesThe
       PaintAndQuitAt(moment, version, 30);
       EXPECT_EQ(world->desk.Windows().LiveHooks(), 0u);
       EXPECT_EQ(world->desk.Windows().LiveTimers(), 0u);
-      EXPECT_EQ(taken, 0);
+      // Where it ends before the ads are told of the paint, they are gone then, and that error gives the frame up where
+      // it stands, with the context that was to be painted on.
+      const bool isBeforeTheAds =
+          std::string(moment).starts_with("get bar") || std::string(moment).starts_with("get con");
+      EXPECT_EQ(taken, isBeforeTheAds ? 1 : 0);
       // What the strip asked of Word and the product after their end is an error of its procedures and no more.
       TakeErrors();
       world->desk.Misuses().Clear();

@@ -1,5 +1,7 @@
 #include "tests/toolbar/toolbar_fixture.h"
 
+#include "tests/toolbar/fake_ads.h"
+
 namespace strandline {
 
 void ToolbarTest::Begin(const wordsim::Settings& settings, Long dpi) {
@@ -17,6 +19,12 @@ void ToolbarTest::MakeToolbar() {
   toolbar = New<Toolbar>();
   toolbar->Initialize(world->Top());
   world->Settle();
+}
+
+void ToolbarTest::BeginWithoutAds(const wordsim::Settings& settings) {
+  Begin(settings);
+  ToolbarUtilities::variables.adFactory = New<NoAds>();
+  MakeToolbar();
 }
 
 void ToolbarTest::TearDown() {

@@ -52,6 +52,8 @@ class ToolbarTest : public testing::Test {
     Begin(settings);
     MakeToolbar();
   }
+  // Cell 16 shows its ordinary picture.
+  void BeginWithoutAds(const wordsim::Settings& settings = {});
   void TearDown() override;
   // "number module.procedure" of the errors since the last taking, and "call: what" of the handles that were used
   // wrongly; what nobody took fails the test.

@@ -2,6 +2,7 @@
 
 #include <functional>
 
+#include "tests/toolbar/fake_ads.h"
 #include "tests/toolbar/toolbar_fixture.h"
 
 namespace strandline {
@@ -17,6 +18,7 @@ wordsim::Settings Late(Long milliseconds, const char16_t* version = u"11.0") {
 
 TEST_F(ToolbarStart, Initialize_TakesItsStepsInOrder_TheHookAfterTheStripAndLumivexLast) {
   Begin();
+  ToolbarUtilities::variables.adFactory = New<NoAds>();  // who has a document of their own to ask for
   trace().Listen(Trace::kProcedures | Trace::kHooks | Trace::kLogs | Trace::kUses);
   trace().Only({"log Toolbar", "log Buttons", "log BltBuffer", "get bar Quillmere visible", "let bar Quillmere",
                 "ToolbarUtilities.ToolbarWindowHandle", "CommonPropertyFunctions.docId", "Buttons.Initialize",

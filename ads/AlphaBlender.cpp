@@ -1,0 +1,109 @@
+#include "ads/AlphaBlender.h"
+
+#include <bit>
+
+#include "ads/Advertisement.h"
+#include "ads/ad_factory.h"
+#include "foundation/CommonLogger.h"
+#include "platform/convert.h"
+#include "platform/platform.h"
+#include "wordaccess/CommonPropertyFunctions.h"
+
+namespace strandline {
+
+namespace {
+
+constexpr ModuleInfo kModuleInfo{u"AlphaBlender", nullptr};
+constexpr ModuleFile kModule{&kModuleInfo};
+
+constexpr TextView kBetween = u"\b";
+
+std::uint64_t Packed(Integer previousIndex, Integer currentIndex, Single percentage) {
+  return std::uint64_t{static_cast<std::uint16_t>(previousIndex)} << 48 |
+         std::uint64_t{static_cast<std::uint16_t>(currentIndex)} << 32 | std::bit_cast<std::uint32_t>(percentage);
+}
+
+void FreeContext(Long hdc, Long oldHandle) {
+  Graphics& graphics = platform::Graphics();
+  graphics.DeleteObject(graphics.SelectObject(hdc, oldHandle));
+  graphics.DeleteDC(hdc);
+}
+
+}  // namespace
+
+void AlphaBlender::Initialize(Integer width, Integer height) {
+  METHOD(void, u"Initialize", width, height);
+  mWidth = width;
+  mHeight = height;
+  mCache = CommonPropertyFunctions::Dictionary();
+  mOldHandles = CommonPropertyFunctions::Dictionary();
+  mPlaces.clear();
+  STEP(mAlphaBlender = platform::Components().CreateObject(u"AlphaBlender.Main2"));
+  STEP(mAlphaBlender.Call("Create", Variant::ByRef(width), Variant::ByRef(height)));
+}
+
+// A blend that can't be made is let go of, or a component that always fails would cost two handles at each step.
+void AlphaBlender::AlphaBlend(Long targetHdc, Integer previousIndex, Integer currentIndex, Single percentage) {
+  METHOD(void, u"AlphaBlend", targetHdc, previousIndex, currentIndex, percentage);
+  Graphics& graphics = platform::Graphics();
+  Long blendHdc = 0;
+  Long oldHandle = 0;
+  REPORTS(blendHdc, oldHandle);
+  blendHdc = cache(previousIndex, currentIndex, percentage);
+  if (blendHdc == 0) {
+    blendHdc = graphics.CreateCompatibleDC(targetHdc);
+    oldHandle = graphics.SelectObject(blendHdc, graphics.CreateCompatibleBitmap(targetHdc, mWidth, mHeight));
+    try {
+      Required(mOldHandles).Add(blendHdc, oldHandle);
+      const Long previousHdc = Required(AdFactory().Advertisement(previousIndex)).hdc();
+      const Long currentHdc = Required(AdFactory().Advertisement(currentIndex)).hdc();
+      Long handed = blendHdc;  // the component may write to it
+      mAlphaBlender.Call("AlphaBlend", Variant::ByRef(handed), Integer{0}, Integer{0}, previousHdc, currentHdc,
+                         percentage);
+    } catch (...) {
+      if (mOldHandles && mOldHandles->Exists(blendHdc)) mOldHandles->Remove(blendHdc);
+      FreeContext(blendHdc, oldHandle);
+      throw;
+    }
+    cache(previousIndex, currentIndex, percentage, blendHdc);
+  }
+  graphics.BitBlt(targetHdc, 0, 0, mWidth, mHeight, blendHdc, 0, 0, rop::kSrcCopy);
+}
+
+Long AlphaBlender::cache(Integer previousIndex, Integer currentIndex, Single percentage) {
+  METHOD(Long, u"cache[Get]", previousIndex, currentIndex, percentage);
+  const auto found = mPlaces.find(Packed(previousIndex, currentIndex, percentage));
+  if (found != mPlaces.end()) STEP(here.result = Required(mCache).ItemAt(found->second).ToLong());
+  return here.Leave();
+}
+
+void AlphaBlender::cache(Integer previousIndex, Integer currentIndex, Single percentage, Long blendHdc) {
+  METHOD(void, u"cache[Let]", previousIndex, currentIndex, percentage, blendHdc);
+  STEP(Required(mCache).Add(hash(previousIndex, currentIndex, percentage), blendHdc));
+  STEP(mPlaces[Packed(previousIndex, currentIndex, percentage)] = Required(mCache).Count() - 1);
+}
+
+String AlphaBlender::hash(Integer previousIndex, Integer currentIndex, Single percentage) {
+  METHOD(String, u"hash", previousIndex, currentIndex, percentage);
+  STEP(here.result = Concat(
+           {DecimalText(previousIndex), kBetween, DecimalText(currentIndex), kBetween, TextFromSingle(percentage)}));
+  return here.Leave();
+}
+
+void AlphaBlender::Terminated() {
+  METHOD(void, u"Class_Terminate");
+  Long handle = 0;
+  REPORTS(handle);
+  for (Long i = 0; mCache && i < mCache->Count(); ++i) {
+    STEP(handle = mCache->ItemAt(i).ToLong());
+    STEP(FreeContext(handle, Required(mOldHandles).Item(handle).ToLong()));
+  }
+  Log(u"Alphablender terminated");
+}
+
+void AlphaBlender::ReportVariables(Reporter& to) const {
+  to.List("mAlphaBlender, mWidth, mHeight, mCache, mOldHandles", mAlphaBlender, mWidth, mHeight, Object(mCache),
+          Object(mOldHandles));
+}
+
+}  // namespace strandline
