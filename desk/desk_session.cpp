@@ -43,6 +43,7 @@ DeskSession::DeskSession(const play::SceneSettings& settings, play::JournalFile*
       [this](const String& text, Long style, const String* title) { return mWatch.OnBox(text, style, title); });
   RegisterComponents(settings);
   FillClipboard(settings);
+  mWorld.TheProduct().SetLibraryCheck(&mVerifier);
   mWorld.SetUseObserver(&mWatch);
 }
 
@@ -86,6 +87,18 @@ std::string DeskSession::Start() {
 void DeskSession::Unload() {
   mMain2 = nullptr;
   mLibrary.reset();
+}
+
+// A file that is no module can be verified, but not loaded.
+std::string DeskSession::ServeAdLibrary(const play::AdLibraryFile* file) {
+  const String path = mWorld.TheProduct().AdLibraryPath();
+  mVerifier.Serve(path, file);
+  if (file) {
+    mDesk.Modules().SetModuleFile(path, file->bytes);
+  } else {
+    mDesk.Modules().RemoveModule(path);
+  }
+  return "";
 }
 
 void DeskSession::Schedule(std::int64_t milliseconds, std::function<void()> work) {

@@ -9,6 +9,7 @@
 
 #include "addin/Main2.h"
 #include "addin/library.h"
+#include "desk/library_verifier.h"
 #include "desk/systems_turns.h"
 #include "desk/watched_services.h"
 #include "platform/desk/desk.h"
@@ -40,6 +41,9 @@ class DeskSession final : public play::Session {
   strandline::Main2& TheMain2() { return *mMain2; }
   void Unload() override;
 
+  std::string ServeAdLibrary(const play::AdLibraryFile* file) override;
+  Object AdCallback() override { return mLibrary ? Library::AdCallback() : Object(); }
+
   void Schedule(std::int64_t milliseconds, std::function<void()> work) override;
   std::string WhereStuck() const override;
   std::string Unsupported(play::Verb) const override { return ""; }
@@ -61,6 +65,7 @@ class DeskSession final : public play::Session {
   play::Journal mJournal;
   play::JournalNaming mNaming;
   play::LibraryWatch mWatch;
+  LibraryVerifier mVerifier;
   wordsim::WordWorld mWorld;
   WatchedServices mServices;
   std::optional<SystemsTurns> mSystemsTurns;  // where calls are listed

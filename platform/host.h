@@ -93,6 +93,10 @@ class HostCanvas {
   virtual Long TextHeight() = 0;                   // pixels
   // A picture's bitmap, centred in the rectangle, without the pixels of `key`.
   virtual void DrawBitmap(Long hdc, const Rect& rectangle, Long bitmap, Long key) = 0;
+  // The mix of the top left parts of two colour contexts becomes that of a third, which may be one of them: `share` of
+  // `to` over `from`, 0 to 1, as platform/looks/mix.h tells. What one of them doesn't have stays as it is, and so does
+  // everything where one is of one bit.
+  virtual void MixPictures(Long dest, Long from, Long to, Long width, Long height, Single share) = 0;
 };
 
 // The world's time, apart from the calendar: milliseconds since it began. Scheduled work runs where messages are

@@ -4,7 +4,7 @@
 // compared between worlds line by line. Those are uses of objects, creations, boxes and results, but for what arises
 // while the system has a window of the bar painted or fires one of its timers: when that is, each world decides itself.
 // Times are left out, names of members stand in small letters, and documents bear the identity that the simulated Word
-// gives them.
+// gives them, and device contexts none.
 
 #include <functional>
 #include <string>

@@ -40,7 +40,7 @@ struct ToJson {
   Json operator()(Single value) const { return SingleText(value); }
   Json operator()(Double value) const { return value; }
   Json operator()(Date value) const { return DateText(value); }
-  Json operator()(const String& value) const { return ToUtf8(value.View()); }
+  Json operator()(const String& value) const { return naming.Text(value); }
   Json operator()(const Object& value) const {
     return value.IsNothing() ? Json(nullptr) : Json(naming.ObjectName(value));
   }
@@ -73,6 +73,11 @@ std::string ClassName(const Dispatch& object) {
 std::string JournalNaming::ObjectName(const Object& object) const {
   const std::string name = mSources.object ? mSources.object(object) : std::string();
   return name.empty() ? ClassName(*object.Target()) : name;
+}
+
+std::string JournalNaming::Text(const String& text) const {
+  std::string plain = ToUtf8(text.View());
+  return mSources.text ? mSources.text(std::move(plain)) : plain;
 }
 
 Json JournalNaming::Value(const Variant& value) const { return std::visit(ToJson{*this}, value.Resolved().Raw()); }

@@ -19,6 +19,8 @@ class JournalNaming {
     std::function<std::string(Long hwnd)> window;      // "top 1", "bar 2"
     std::function<std::string(Long handle)> graphics;  // "dc 3", "bitmap 4"
     std::function<std::string(const Object&)> object;  // "control 5"
+    // A text as it reads in every world, such as a folder's name; without this one, texts are as they are.
+    std::function<std::string(std::string)> text = nullptr;
   };
   explicit JournalNaming(Sources sources) : mSources(std::move(sources)) {}
 
@@ -32,6 +34,7 @@ class JournalNaming {
   Json Window(Long hwnd) const { return NameOrNumber(mSources.window, hwnd); }
   Json GraphicsObject(Long handle) const { return NameOrNumber(mSources.graphics, handle); }
   std::string ObjectName(const Object& object) const;
+  std::string Text(const String& text) const;
 
  private:
   static Json NameOrNumber(const std::function<std::string(Long)>& source, Long number);

@@ -28,6 +28,12 @@ Json MessageJson(const Message& message, const JournalNaming& naming) {
               {"lParam", message.lParam}};
 }
 
+// The one that mixes pictures is told where they are, as numbers.
+bool IsMix(const wordsim::ObjectUse& use) {
+  return use.object == "AlphaBlender.Main2" && SameText(FromUtf8(use.member), u"AlphaBlend");
+}
+constexpr std::size_t kContextsOfMix[] = {0, 3, 4};
+
 // Which services make a `window` line. Drawing shows as `paint`, a picture's bytes and memory as `picture`.
 bool IsListed(const Operation& operation) {
   switch (operation.kind) {
@@ -54,6 +60,9 @@ void LibraryWatch::OnUse(const wordsim::ObjectUse& use) {
   // The tooltip is told the window that it belongs to, as a number.
   if (use.object == "tooltip" && line["args"].size() > 1 && line["args"][0].is_number_integer()) {
     line["args"][0] = mNaming.Window(line["args"][0].get<Long>());
+  }
+  if (IsMix(use)) {
+    for (const std::size_t place : kContextsOfMix) NameContext(line["args"], place);
   }
   if (use.error) {
     line["error"] = Json{{"number", use.error->number}, {"description", ToUtf8(use.error->description.View())}};
@@ -86,6 +95,11 @@ void LibraryWatch::RecordHook(std::string_view step, std::span<const CallArgumen
                                  {"lParam", Argument(arguments[3])},
                                  {"cancel", Argument(arguments[4])}});
   }
+}
+
+void LibraryWatch::NameContext(Json& arguments, std::size_t place) const {
+  if (place >= arguments.size() || !arguments[place].is_number_integer()) return;
+  arguments[place] = mNaming.GraphicsObject(arguments[place].get<Long>());
 }
 
 Json LibraryWatch::Argument(const CallArgument& argument) const {

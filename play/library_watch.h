@@ -36,6 +36,7 @@ class LibraryWatch final : public wordsim::UseObserver,
 
  private:
   void RecordHook(std::string_view step, std::span<const CallArgument> arguments);
+  void NameContext(Json& arguments, std::size_t place) const;
   Json Argument(const CallArgument& argument) const;
   Json ArgumentsOf(std::string_view call, std::span<const CallArgument> arguments) const;
 

@@ -33,6 +33,8 @@ constexpr CommandForm kForms[] = {
     {Verb::kCell, Phase::kAny,
      "cell N:1..255 LEFT:" COORDINATE " TOP:" COORDINATE " WIDTH:" COORDINATE " HEIGHT:" COORDINATE},
     {Verb::kTemplate, Phase::kSetup, "template NAME:name"},
+    {Verb::kAds, Phase::kSetup, "ads FILE|none:name"},
+    {Verb::kVerifier, Phase::kAny, "verifier N:" NUMBER_RANGE " TEXT"},
     {Verb::kClipboardHeld, Phase::kSetup, "clipboard held"},
     {Verb::kClipboard, Phase::kSetup, "clipboard KIND:rtf|text TEXT"},
 
@@ -75,6 +77,7 @@ constexpr CommandForm kForms[] = {
     {Verb::kAnswerError, Phase::kAny, "answer error N:" NUMBER_RANGE "..."},
     {Verb::kFailWindow, Phase::kAny, "fail window CALL:name [COUNT:" COUNT_RANGE "]"},
     {Verb::kFail, Phase::kAny, "fail OBJECT:name MEMBER:name [COUNT:" COUNT_RANGE " [NUMBER:" NUMBER_RANGE "]]"},
+    {Verb::kLibrary, Phase::kStarted, "library FILE|none:name [aborted]"},
     {Verb::kWait, Phase::kAny, "wait MS:" MILLISECONDS},
     {Verb::kShotDesk, Phase::kAny, "shot desk FILE.png:png"},
     {Verb::kShot, Phase::kAny, "shot FILE.png:png"},

@@ -110,6 +110,12 @@ ScenePlayer::Handler ScenePlayer::HandlerOf(Verb verb) {
       return &P::FailUse;
     case Verb::kFailWindow:
       return &P::FailService;
+    case Verb::kAds:
+      return &P::Ads;
+    case Verb::kVerifier:
+      return &P::Verifier;
+    case Verb::kLibrary:
+      return &P::Library;
     case Verb::kWait:
       return &P::Wait;
     case Verb::kShot:

@@ -115,6 +115,13 @@ class ScenePlayer {
   void FailService(const Command&);
   void Wait(const Command&);
 
+  // scene_player_ads.cpp: the ad library and who verifies it
+  void Ads(const Command&);
+  void Verifier(const Command&);
+  void Library(const Command&);
+  void ServeAdLibrary(const std::string& fileName);
+  void RequireVerifier() const;
+
   // scene_player_checks.cpp: pictures, state, expectations
   void Shot(const Command&);
   void ShotDesk(const Command&);
@@ -143,6 +150,7 @@ class ScenePlayer {
   int mDepth = 0;  // of commands inside commands
   int mUnchecked = 0;
   bool mIsFindUnknown = false;  // the last expectation was of a kind that isn't told here
+  bool mServesAds = false;
   bool mHasQuit = false;
   bool mIsLeftDown = false;
   String mHandsDocument;  // whose bar the hand is over; empty: the active one's

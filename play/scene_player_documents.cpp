@@ -30,6 +30,7 @@ wordsim::Document& ScenePlayer::ActiveDocument() const {
 }
 
 void ScenePlayer::Start(const Command&) {
+  RequireVerifier();
   const std::string wrong = mSession->Start();
   if (!wrong.empty()) Fail(wrong);
   InitializeMain2(*mSession, mSession->World().TheSettings().productName);

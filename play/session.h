@@ -12,6 +12,7 @@
 #include <string>
 
 #include "platform/host.h"
+#include "play/ad_library_file.h"
 #include "play/journal.h"
 #include "play/journal_naming.h"
 #include "play/library_watch.h"
@@ -38,6 +39,12 @@ class Session {
   virtual Object Main2() const = 0;
   // The library's object and the library go.
   virtual void Unload() = 0;
+
+  // The file that lies as the ad library in the product's folder from now on; null: none does. What is wrong where it
+  // can't be put there; empty otherwise.
+  virtual std::string ServeAdLibrary(const AdLibraryFile* file) = 0;
+  // The library's own object that hears of new ads; Nothing where there is none.
+  virtual Object AdCallback() = 0;
 
   // A command of the scene at a later time. It may find the scene wrong (SceneError), wherever it then runs.
   virtual void Schedule(std::int64_t milliseconds, std::function<void()> work) = 0;

@@ -27,6 +27,11 @@ std::string ClassNameOf(IDispatch& object) {
   return text;
 }
 
+wordsim::Settings InFolder(wordsim::Settings settings, const String& folder) {
+  settings.commonAppPath = folder;
+  return settings;
+}
+
 }  // namespace
 
 struct HostSession::DocumentFace {
@@ -48,9 +53,10 @@ HostSession::HostSession(const play::SceneSettings& settings, Surroundings surro
       mPlatform(kSettingsKey),
       mJournal(
           &mSurroundings.journal, [this] { return mClock.Milliseconds(); }, keepLines),
-      mNaming({[this](Long hwnd) { return mWorld.WindowName(hwnd); }, nullptr, &HostSession::NameOf}),
+      mNaming({[this](Long hwnd) { return mWorld.WindowName(hwnd); }, nullptr, &HostSession::NameOf,
+               [this](std::string text) { return TextInJournal(std::move(text)); }}),
       mWatch(mJournal, mNaming),
-      mWorld(mPlatform.Services(), mWindows, mCanvas, mClock, settings.world),
+      mWorld(mPlatform.Services(), mWindows, mCanvas, mClock, InFolder(settings.world, mAdFolder.Path())),
       mComponents(mSurroundings.registry),
       mBoxes([this](const String& text, Long style, const String* title) { return mWatch.OnBox(text, style, title); }) {
   if (play::CallList* calls = mSurroundings.calls) {
@@ -108,6 +114,16 @@ std::string HostSession::NameOf(const Object& object) {
   const std::string own = ClassNameOf(*face.get());
   return own.empty() ? "Dictionary" : own;
 }
+
+// The product's folder is called in every world as it is on the desk.
+std::string HostSession::TextInJournal(std::string text) const {
+  const std::string own = ToUtf8(mAdFolder.Path().View());
+  if (text.starts_with(own)) text.replace(0, own.size(), ToUtf8(wordsim::Settings().commonAppPath.View()));
+  return text;
+}
+
+// The one object of the library's that the store is given.
+Object HostSession::AdCallback() { return mWorld.TheProduct().AdListener(); }
 
 std::string HostSession::Start() {
   if (!mProblem.empty()) return mProblem;

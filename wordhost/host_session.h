@@ -16,6 +16,7 @@
 #include "play/scene_error.h"
 #include "play/scene_settings.h"
 #include "play/session.h"
+#include "wordhost/ad_folder.h"
 #include "wordhost/box_watcher.h"
 #include "wordhost/clipboard_filler.h"
 #include "wordhost/component_classes.h"
@@ -53,6 +54,9 @@ class HostSession final : public play::Session {
   Object Main2() const override { return mMain2; }
   void Unload() override;
 
+  std::string ServeAdLibrary(const play::AdLibraryFile* file) override { return mAdFolder.Serve(file); }
+  Object AdCallback() override;
+
   void Schedule(std::int64_t milliseconds, std::function<void()> work) override;
   void InsideWord(const std::function<void()>& work) override;
   std::string WhereStuck() const override { return ""; }
@@ -74,6 +78,7 @@ class HostSession final : public play::Session {
   std::string CreateComponents(const play::SceneSettings& settings);
   Object CreateComponent(const String& progId);
   static std::string NameOf(const Object& object);
+  std::string TextInJournal(std::string text) const;
   void Normalise(play::Json& value) const;
 
   Surroundings mSurroundings;
@@ -84,6 +89,7 @@ class HostSession final : public play::Session {
   win32::Win32HostMouse mMouse;
   win32::Win32HostClock mClock;
   ClipboardFiller mClipboard;
+  AdFolder mAdFolder;
   play::Journal mJournal;
   play::JournalNaming mNaming;
   play::LibraryWatch mWatch;

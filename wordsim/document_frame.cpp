@@ -152,6 +152,7 @@ void DocumentFrame::MakeBarWindow(Slot& slot) {
   const Rect bounds = slot.hwnd ? Where(slot.hwnd) : kNowhere;
   slot.hwnd = mServices.host.CreateWindowOf(u"MsoCommandBar", slot.bar->Name(), DockOf(slot.position), bounds, this);
   slot.isShown = false;
+  slot.hasFace = false;
   mServices.names.Add(slot.hwnd, isProduct ? "bar" : "drawing");
 }
 

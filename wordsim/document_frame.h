@@ -85,6 +85,7 @@ class DocumentFrame final : public WindowProcedure, public std::enable_shared_fr
     Long hwnd = 0;
     bool wasWanted = false;
     bool isShown = false;
+    bool hasFace = false;      // Word has drawn into the window
     std::optional<Size> size;  // of the user's choice
     std::vector<CellPlace> places;
   };
@@ -101,6 +102,7 @@ class DocumentFrame final : public WindowProcedure, public std::enable_shared_fr
   void WantBars();
   void MakeBarWindow(Slot& slot);
   void ShowBars();
+  void DrawNewBars();
   void ArrangeDocks();
   Size SizeOf(const Slot& slot) const;
   std::vector<Slot*> ShownIn(BarPosition position);

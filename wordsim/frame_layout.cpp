@@ -28,6 +28,18 @@ void DocumentFrame::Arrange() {
     FloatBars();
   }
   LayOutControls();
+  DrawNewBars();
+}
+
+// Word doesn't wait for a paint with the face of a bar that comes up: what looks at its window sees it at once.
+void DocumentFrame::DrawNewBars() {
+  for (Slot& slot : mSlots) {
+    if (!slot.isShown || slot.hasFace) continue;
+    slot.hasFace = true;
+    const Long hdc = mServices.platform.graphics->GetDC(slot.hwnd);
+    Paint(slot.hwnd, hdc);
+    mServices.platform.graphics->ReleaseDC(slot.hwnd, hdc);
+  }
 }
 
 void DocumentFrame::ShowBars() {

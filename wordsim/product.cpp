@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "wordsim/ad_components.h"
 #include "wordsim/components.h"
 #include "wordsim/product_objects.h"
 #include "wordsim/store.h"
@@ -21,19 +22,21 @@ constexpr FormatterContent kFormatters[] = {
 };
 
 constexpr TextView kComponentNames[] = {
-    u"StylanthAMA.Main2",      u"StylanthAPA.Main2", u"StylanthMLA.Main2",
-    u"StylanthTurabian.Main2", kErrorComponent,      kRibbonComponent,
+    u"StylanthAMA.Main2", u"StylanthAPA.Main2", u"StylanthMLA.Main2", u"StylanthTurabian.Main2", kErrorComponent,
+    kRibbonComponent,     kBlenderComponent,    kBrowserComponent,    kDownloadComponent,
 };
 
 }  // namespace
 
-Product::Product(Ref<ObjectUses> uses, const Platform& platform, const Settings& settings, Hooks& hooks)
+Product::Product(Ref<ObjectUses> uses, const Platform& platform, HostCanvas& canvas, const Settings& settings,
+                 Hooks& hooks)
     : mSettings(settings),
       mHooks(hooks),
       mUses(uses),
       mTooltip(New<TooltipObject>(uses)),
-      mStore(New<StoreObject>(uses, hooks, mTooltip)),
-      mState(New<ProductStateObject>(uses, platform, settings)) {}
+      mStore(New<StoreObject>(uses, hooks, mTooltip, settings.commonAppPath)),
+      mState(New<ProductStateObject>(uses, platform, settings)),
+      mCanvas(canvas) {}
 
 Product::~Product() = default;
 
@@ -52,6 +55,9 @@ Object Product::CreateComponent(const String& progId) {
   }
   if (isAsked(kErrorComponent)) return New<ErrorObject>(mUses, kErrorComponent, *this);
   if (isAsked(kRibbonComponent)) return New<RibbonHandlerObject>(mUses, kRibbonComponent, *this);
+  if (isAsked(kBlenderComponent)) return New<BlenderObject>(mUses, mCanvas);
+  if (isAsked(kBrowserComponent)) return New<BrowserObject>(mUses, *this);
+  if (isAsked(kDownloadComponent)) return New<DownloadObject>(mUses, *this);
   Raise(errors::kCannotCreateComponent);
 }
 
@@ -69,6 +75,18 @@ void Product::ChangeValue(ValueLevel level, const String& key, const String& tex
   }
   mStore->TellListeners(key, text);
 }
+
+Long Product::Verify(const String& path, String& signature) {
+  if (mVerdict) {
+    signature = mVerdict->signature;
+    return mVerdict->highestIndex;
+  }
+  if (!mLibraryCheck) Raise(errors::kCannotCreateComponent);
+  return mLibraryCheck->Verify(path, signature);
+}
+
+String Product::AdLibraryPath() const { return Concat({mSettings.commonAppPath, u"Vistrel.dll"}); }
+Object Product::AdListener() const { return mStore->LatestListener(); }
 
 void Product::Rename(const String& name) { mState->Rename(name); }
 void Product::SetLumivex(bool enabled) { mState->SetLumivex(enabled); }

@@ -24,6 +24,8 @@ struct Settings {
   bool showsTooltips = false;     // the product's tooltip has a window of its own
   std::vector<String> templates;  // loaded beside Normal and the product's own
   std::vector<String> missingComponents;  // ProgIDs that can't be created
+  // The product's folder for what all users share, with its last "\\"; there the ad library lies.
+  String commonAppPath = u"C:\\Documents and Settings\\All Users\\Application Data\\Quillmere\\";
 };
 
 struct OpenFlags {

@@ -16,12 +16,12 @@ String ValueIn(const std::map<String, String>& values, const String& key) {
 
 }  // namespace
 
-StoreObject::StoreObject(Ref<ObjectUses> uses, Hooks& hooks, Ref<TooltipObject> tooltip)
+StoreObject::StoreObject(Ref<ObjectUses> uses, Hooks& hooks, Ref<TooltipObject> tooltip, const String& commonAppPath)
     : SimObject(std::move(uses)),
       mHooks(hooks),
       mTooltip(std::move(tooltip)),
       mInstallPath(u"C:\\Program Files\\Quillmere\\"),
-      mCommonAppPath(u"C:\\Documents and Settings\\All Users\\Application Data\\Quillmere\\") {}
+      mCommonAppPath(commonAppPath) {}
 
 StoreObject::~StoreObject() = default;
 

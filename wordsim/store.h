@@ -16,7 +16,7 @@ class TooltipObject;
 
 class StoreObject final : public SimObject {
  public:
-  StoreObject(Ref<ObjectUses> uses, Hooks& hooks, Ref<TooltipObject> tooltip);
+  StoreObject(Ref<ObjectUses> uses, Hooks& hooks, Ref<TooltipObject> tooltip, const String& commonAppPath);
   ~StoreObject() override;
 
   void SetUserValue(const String& key, const String& text) { mUserValues[key] = text; }
@@ -24,6 +24,8 @@ class StoreObject final : public SimObject {
   void SetDocumentValue(const String& docId, const String& key, const String& text);
   // Tells every listener of that key; what a listener raises is its own matter.
   void TellListeners(const String& key, const String& text);
+  // The one that came last; Nothing before any did.
+  Object LatestListener() const { return mListeners.empty() ? Object() : mListeners.back().listener; }
 
  protected:
   std::string ObjectName() const override { return "properties"; }

@@ -46,7 +46,7 @@ WordWorld::WordWorld(const Platform& platform, HostWindows& hostWindows, HostCan
       mVersion(WholeVersion(settings.wordVersion)),
       mUses(New<ObjectUses>()),
       mFrameServices(std::make_unique<FrameServices>(*this, mPlatform, hostWindows, canvas, clock)),
-      mProduct(std::make_unique<Product>(mUses, mPlatform, mSettings, mHooks)) {
+      mProduct(std::make_unique<Product>(mUses, mPlatform, canvas, mSettings, mHooks)) {
   mSettings.controlCount = std::clamp<Long>(mSettings.controlCount, 0, kMostControls);
   mSettings.controlHeight = std::clamp<Long>(mSettings.controlHeight, 0, kHighestControl);
   MakeBars();

@@ -88,6 +88,9 @@ class WordWorld {
   // The user picks the entry of that caption from the product's menu. False when no entry that shows is called so.
   bool PickEntry(const String& caption);
   void Pick(BarControl& entry);
+  // A control of the product's bar is executed: the one with the menu drops it, any other closes it, and its macro
+  // runs.
+  void Run(BarControl& control);
   // The user presses Word's own control, where nothing lies over it.
   void PressControl(Long control);
   // One of Word's dialogs is open as long as the hook runs; its controls can't be executed meanwhile.

@@ -70,6 +70,7 @@ class SoftwareGraphics final : public Graphics, public HostCanvas {
   Long TextHeight() override;
   // A key that is no colour (-1) leaves nothing out.
   void DrawBitmap(Long hdc, const Rect& rectangle, Long bitmap, Long key) override;
+  void MixPictures(Long dest, Long from, Long to, Long width, Long height, Single share) override;
 
  private:
   Long AddWindowContext(Long hwnd, Context::Origin origin, std::optional<Region> paintClip, const char* call);

@@ -7,6 +7,7 @@
 #include "platform/desk/software_graphics.h"
 #include "platform/looks/bitmap_font.h"
 #include "platform/looks/gradient.h"
+#include "platform/looks/mix.h"
 
 namespace strandline::desk {
 
@@ -44,6 +45,33 @@ Surface InColor(const Surface& surface) {
   std::transform(surface.pixels.begin(), surface.pixels.end(), colored.pixels.begin(),
                  [](std::uint32_t value) { return value == 0 ? 0 : kColorBits; });
   return colored;
+}
+
+// Rows to read from; the stride in pixels.
+struct Readable {
+  const std::uint32_t* pixels;
+  std::size_t stride;
+};
+
+// What a source shows at the target's `area`. A window's pixels may lie on the target's own surface elsewhere, where
+// they would be written before they are read; then they are set aside.
+Readable ReadableAt(const DrawSource& source, const DrawTarget& target, const Clip& area, Surface& aside) {
+  const int shiftX = static_cast<int>(source.left - target.left);
+  const int shiftY = static_cast<int>(source.top - target.top);
+  const Clip place{area.left + shiftX, area.top + shiftY, area.right + shiftX, area.bottom + shiftY};
+  if (source.surface == target.surface && place != area) {
+    aside = CutOut(*source.surface, place);
+    return {aside.pixels.data(), static_cast<std::size_t>(aside.width)};
+  }
+  return {source.surface->At(place.left, place.top), static_cast<std::size_t>(source.surface->width)};
+}
+
+// What a source has of an area of the target.
+Clip PartOf(const DrawSource& source, const DrawTarget& target, const Clip& area) {
+  const std::int64_t shiftX = source.left - target.left;
+  const std::int64_t shiftY = source.top - target.top;
+  return Intersect(area, ClipFromEdges(source.whole.left - shiftX, source.whole.top - shiftY,
+                                       source.whole.right - shiftX, source.whole.bottom - shiftY));
 }
 
 }  // namespace
@@ -114,6 +142,30 @@ void SoftwareGraphics::DrawBitmap(Long hdc, const Rect& rectangle, Long bitmap, 
       desk::BitBlt(*target.surface, clip, part.left, part.top, part.right - part.left, part.bottom - part.top, picture,
                    fromX, fromY, kSrcCopy, {});
     }
+  }
+}
+
+void SoftwareGraphics::MixPictures(Long dest, Long from, Long to, Long width, Long height, Single share) {
+  Context* context = mObjects->Use<Context>(dest, "MixPictures");
+  Context* fromContext = mObjects->Use<Context>(from, "MixPictures");
+  Context* toContext = mObjects->Use<Context>(to, "MixPictures");
+  if (!context || !fromContext || !toContext) return;
+  const DrawTarget target = mTargets.TargetOf(*context);
+  const DrawSource first = mTargets.SourceOf(*fromContext);
+  const DrawSource second = mTargets.SourceOf(*toContext);
+  if (target.surface->IsMono() || first.surface->IsMono() || second.surface->IsMono()) return;
+  const Clip wanted = Intersect(ClipAt(target.left, target.top, width, height), target.whole);
+  const Clip part = PartOf(second, target, PartOf(first, target, wanted));
+  const int mixShare = ShareOf(share);
+  Surface asides[2];
+  for (const Clip& clip : target.Clips()) {
+    const Clip area = Intersect(clip, part);
+    if (IsEmpty(area)) continue;
+    const Readable a = ReadableAt(first, target, area, asides[0]);
+    const Readable b = ReadableAt(second, target, area, asides[1]);
+    MixRows({target.surface->At(area.left, area.top), static_cast<std::size_t>(target.surface->width), a.pixels,
+             a.stride, b.pixels, b.stride, static_cast<std::size_t>(area.right - area.left),
+             static_cast<std::size_t>(area.bottom - area.top), mixShare});
   }
 }
 

@@ -4,7 +4,8 @@
 
 namespace strandline::win32 {
 
-// Registered components, made in this process or another one.
+// Registered components, made in this process or another one. Pictures can be mixed on a machine without that component
+// too: its place is then taken from within.
 class Win32Components final : public Components {
  public:
   Object CreateObject(const String& progId) override;

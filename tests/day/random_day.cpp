@@ -38,6 +38,15 @@ constexpr FailingMember kFailing[] = {
     {"productState", "lumivexEnabled"},
     {"productState", "productName"},
     {"properties", "ExecuteQLMCommand"},
+    {"properties", "AddListener"},
+    {"properties", "GlobalUserValue"},
+    {"properties", "CommonAppPath"},
+    {"productState", "WebsiteAddress"},
+    {"verifier", "verifyDLL"},
+    {"StrandlineDownload.Main2", "CreateDSAVerify"},
+    {"AlphaBlender.Main2", "Create"},
+    {"AlphaBlender.Main2", "AlphaBlend"},
+    {"HTTP.Main2", "Browse"},
 };
 
 // Not Quit, which ends the day, and none that waits for what may not come.
@@ -46,12 +55,13 @@ constexpr const char16_t* kCommands[] = {u"ToggleLumivex",     u"readingmode",  
                                          u"OpenUserManual",    u"UseQuillmere", u"HandleDocumentChange",
                                          u"ClickOnAd",         u"NoSuchCommand"};
 
-// Who lets graphics objects go for good, because that is how they have always worked; and the faces that Word's own
-// buttons and the clipboard still hold.
+// Who lets graphics objects go for good, because that is how they have always worked (the last one when it is left
+// early, by the error of a picture that isn't there); and the faces that Word's own buttons and the clipboard still
+// hold.
 bool IsKnownLoss(const desk::LiveObject& object) {
-  static constexpr std::string_view kLosers[] = {"Painter.Initialize", "Painter.CopyDC",
-                                                 "IPictureDispUtilities.IPictureDispToHdc",
-                                                 "ToolbarUtilities.SetButtonIcon"};
+  static constexpr std::string_view kLosers[] = {
+      "Painter.Initialize", "Painter.CopyDC", "IPictureDispUtilities.IPictureDispToHdc",
+      "ToolbarUtilities.SetButtonIcon", "ToolbarUtilities.ReplaceBackgroundWithMenuColor"};
   return std::any_of(std::begin(kLosers), std::end(kLosers),
                      [&](std::string_view loser) { return object.maker.starts_with(loser); });
 }
@@ -86,6 +96,7 @@ void RandomDay::Start() {
     if (entry == 22) mWorld->Main().ShrinkToolbar();
   };
   mWorld->word.TheHooks().showDialog = [this](Long) { mWorld->desk.Windows().DoEvents(); };
+  ServeAds();
   mWorld->Start();
   mWorld->did.Clear();
   Say("Word " + ToUtf8(options.word.wordVersion) + " begins");
@@ -117,6 +128,10 @@ const std::vector<RandomDay::Act>& RandomDay::Acts() {
       {2, "drop a cell", &D::DropCell},
       {1, "mail", &D::Mail},
       {4, "a member will fail", &D::FailMember},
+      {6, "wait for ads", &D::WaitForAds},
+      {3, "a value changes", &D::ChangeValue},
+      {2, "a new ad library", &D::ExchangeLibrary},
+      {1, "a component comes or goes", &D::LoseComponent},
       {1, "answers to errors", &D::AnswerErrors},
   };
   return kActs;
@@ -333,9 +348,23 @@ std::string RandomDay::Wrong() {
   if (vbwProtector::variables.mStackCalls != 0) {
     return "a procedure is still on the stack: " + ToUtf8(RunningProcedure());
   }
-  if (mWorld->desk.Windows().GetCapture() != 0) return "the mouse is captured";
-  const std::string toolbars = WrongOfToolbars();
-  return toolbars.empty() ? WrongOfPaints() : toolbars;
+  for (const auto& check : {&RandomDay::WrongOfCapture, &RandomDay::WrongOfToolbars, &RandomDay::WrongOfPaints}) {
+    const std::string wrong = (this->*check)();
+    if (!wrong.empty()) return wrong;
+  }
+  return "";
+}
+
+// A menu of Word's holds the mouse; where the strip has dropped it, the capture is let go.
+std::string RandomDay::WrongOfCapture() {
+  const Long holder = mWorld->desk.Windows().GetCapture();
+  if (holder != 0 && !mWorld->word.WindowName(holder).starts_with("popup")) return "the mouse is captured";
+  bool isHeld = false;
+  for (const Doings::Line& line : mWorld->did.All()) {
+    if (line.text == "call control 1 Execute()") isHeld = true;
+    if (line.text.starts_with("ReleaseCapture(")) isHeld = false;
+  }
+  return isHeld ? "the menu that the strip has dropped holds the mouse" : "";
 }
 
 std::string RandomDay::WrongOfToolbars() {

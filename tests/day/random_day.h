@@ -1,7 +1,8 @@
 #pragma once
 
 // A day of a user who does anything at any time, as a seed has it: documents come and go, the mouse wanders, presses
-// and clicks, macros click again, members fail, windows change. After each step what must always hold is looked at.
+// and clicks, macros click again, members fail, windows change, ads fade, values change and ad libraries come anew.
+// After each step what must always hold is looked at.
 
 #include <functional>
 #include <memory>
@@ -68,12 +69,20 @@ class RandomDay {
   void FailMember();
   void AnswerErrors();
 
+  // random_day_ads.cpp
+  void ServeAds();
+  void WaitForAds();
+  void ChangeValue();
+  void ExchangeLibrary();
+  void LoseComponent();
+
   // What the product's macro on a control does.
   void RunMacro(Long control);
   void ClickOn(Long cell);
   void Say(std::string what) { mSteps.push_back(std::move(what)); }
 
   std::string Wrong();
+  std::string WrongOfCapture();
   std::string WrongOfToolbars();
   std::string WrongOfPaints();
   std::string LeftBehind();

@@ -55,6 +55,18 @@ TEST_F(Calls, WhileTheSystemHasItsTurn_AreLeftOut) {
   EXPECT_EQ(Text(), "{\"kind\":\"result\",\"of\":\"execute\"}\n");
 }
 
+TEST_F(Calls, ThatMixPictures_DontTellTheContextsOfAWorld) {
+  const Json arguments = Json::array({"dc 4", 0, 0, "dc 2", 77, "0.1"});
+  mCalls->Add("object", Json{{"object", "AlphaBlender.Main2"}, {"member", "AlphaBlend"}, {"args", arguments}});
+  mCalls->Add("object", Json{{"object", "AlphaBlender.Main2"}, {"member", "Create"}, {"args", Json::array({223, 32})}});
+  mCalls->Add("object", Json{{"object", "AlphaBlender.Main2"}, {"member", "alphablend"}, {"args", Json::array({1})}});
+  EXPECT_EQ(Text(),
+            "{\"kind\":\"object\",\"object\":\"AlphaBlender.Main2\",\"member\":\"alphablend\","
+            "\"args\":[\"dc\",0,0,\"dc\",\"dc\",\"0.1\"]}\n"
+            "{\"kind\":\"object\",\"object\":\"AlphaBlender.Main2\",\"member\":\"create\",\"args\":[223,32]}\n"
+            "{\"kind\":\"object\",\"object\":\"AlphaBlender.Main2\",\"member\":\"alphablend\",\"args\":[\"dc\"]}\n");
+}
+
 TEST_F(Calls, OfAWorldWithValuesOfItsOwn_AreNormalised) {
   mCalls->SetNormaliser([](Json& line) { line["args"][0] = "1"; });
   mCalls->Add("object", Json{{"member", "Item"}, {"args", Json::array({"90210"})}});

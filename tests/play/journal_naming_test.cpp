@@ -56,6 +56,14 @@ TEST(JournalNaming_ATextThatIsNotWellFormed, StillGivesALine) {
   EXPECT_EQ(Shown(Variant(String(TextView(u"a\xD800z", 3)))), "\"a\xEF\xBF\xBDz\"");
 }
 
+TEST(JournalNaming_ATextOfThisWorldsOwn, ReadsAsInEveryWorld) {
+  const JournalNaming naming(
+      {nullptr, nullptr, nullptr, [](std::string text) { return text == "C:\\Temp\\" ? "C:\\Shared\\" : text; }});
+  EXPECT_EQ(naming.Value(u"C:\\Temp\\"), "C:\\Shared\\");
+  EXPECT_EQ(naming.Value(u"D:\\"), "D:\\");
+  EXPECT_EQ(SomeNaming().Value(u"C:\\Temp\\"), "C:\\Temp\\");
+}
+
 TEST(JournalNaming_AHandle, BearsItsNameWhereHandlesAreMeant) {
   const JournalNaming naming = SomeNaming();
   EXPECT_EQ(naming.ValueWithHandles(Long{500}), Json("bar 1"));

@@ -5,6 +5,7 @@
 #include "desk/desk_session.h"
 #include "desk/watchdog.h"
 #include "play/scene_player.h"
+#include "wordsim/product.h"
 
 namespace strandline::play {
 namespace {
@@ -12,7 +13,9 @@ namespace {
 // The desk, but for what it pretends not to have.
 class LackingSession final : public Session {
  public:
-  explicit LackingSession(const SceneSettings& settings, bool keepLines) : mDesk(settings, nullptr, keepLines) {}
+  explicit LackingSession(const SceneSettings& settings, bool keepLines) : mDesk(settings, nullptr, keepLines) {
+    World().TheProduct().SetLibraryCheck(nullptr);
+  }
 
   Journal& TheJournal() override { return mDesk.TheJournal(); }
   const JournalNaming& Naming() const override { return mDesk.Naming(); }
@@ -27,6 +30,8 @@ class LackingSession final : public Session {
   bool IsStarted() const override { return mDesk.IsStarted(); }
   Object Main2() const override { return mDesk.Main2(); }
   void Unload() override { mDesk.Unload(); }
+  std::string ServeAdLibrary(const AdLibraryFile* file) override { return file ? "" : "there is no room; make some"; }
+  Object AdCallback() override { return {}; }
   void Schedule(std::int64_t milliseconds, std::function<void()> work) override {
     mDesk.Schedule(milliseconds, std::move(work));
   }
@@ -86,6 +91,16 @@ TEST(LackingWorld_AnExpectationOfLinesThatItTells, IsStillChecked) {
   EXPECT_EQ(run.unchecked, 1);
 }
 
+TEST(LackingWorld_ALibraryThatItCantVerify, IsWrongUntilTheAnswerIsLaidDown) {
+  const std::string ads = "ads " STRANDLINE_SOURCE_DIR "/scenes/ads/three.dll\n";
+  const std::string wrong = "ad libraries can't be verified here; lay the answer down before with verifier N TEXT\n";
+  EXPECT_EQ(Play(ads + "start\n").messages, "a.scene:2: " + wrong);
+  EXPECT_EQ(Play(ads + "start\n").outcome, Outcome::kWrong);
+  EXPECT_EQ(Play("verifier 3 good\n" + ads + "start\n").messages, "");
+  EXPECT_EQ(Play("start\nlibrary" + ads.substr(3)).messages, "a.scene:2: " + wrong);
+  EXPECT_EQ(Play("verifier 3 good\nstart\nlibrary" + ads.substr(3)).messages.find("a.scene:3: nobody who hears "), 0u);
+}
+
 TEST(LackingWorld_WhatGoesWrongInIt, IsToldWithTheLine) {
   const struct {
     const char* scene;
@@ -93,6 +108,7 @@ TEST(LackingWorld_WhatGoesWrongInIt, IsToldWithTheLine) {
   } kCases[] = {
       {"product Nowhere\nstart\n", "a.scene:2: there is no library; install one\n"},
       {"start\nopen A.doc\nshot a.png\n", "a.scene:3: there is no paper; buy some\n"},
+      {"ads none\nstart\n", "a.scene:1: there is no room; make some\n"},
   };
   for (const auto& each : kCases) {
     const Played run = Play(each.scene);

@@ -36,6 +36,26 @@ TEST_F(FramesTest, AMail_StandsInAnOutlookWindow_BeforeWord2003) {
   }
 }
 
+TEST_F(FramesTest, ABarThatComesUp_HasItsFaceAtOnce) {
+  const auto shown = [&] {
+    const Rect bar = RectOf(World().ActiveBarWindow());
+    return desk::CutOut(mDesk.Screen(), {bar.left, bar.top, bar.right, bar.bottom});
+  };
+  for (Long position = 0; position <= 4; ++position) {
+    Settings settings;
+    settings.barPosition = static_cast<BarPosition>(position);
+    Begin(settings).Open(u"A.doc");
+    const desk::Surface first = shown();
+    ASSERT_GT(first.width, 0);
+    Wait(0);
+    EXPECT_TRUE(first == shown()) << position;
+    World().DockBar(position == 1 ? BarPosition::kBottom : BarPosition::kTop);
+    const desk::Surface docked = shown();
+    Wait(0);
+    EXPECT_TRUE(docked == shown()) << position;
+  }
+}
+
 TEST_F(FramesTest, TheBarIsFound_WhereverItIsDocked) {
   for (Long position = 0; position <= 4; ++position) {
     Settings settings;

@@ -6,6 +6,7 @@
 
 #include "platform/looks/bitmap_font.h"
 #include "platform/looks/gradient.h"
+#include "platform/win32/mix_contexts.h"
 #include "platform/win32/windows_api.h"
 
 namespace strandline::win32 {
@@ -165,6 +166,10 @@ void Win32HostCanvas::DrawBitmap(Long hdc, const Rect& rectangle, Long bitmap, L
       x = end;
     }
   }
+}
+
+void Win32HostCanvas::MixPictures(Long dest, Long from, Long to, Long width, Long height, Single share) {
+  MixContexts(dest, from, to, width, height, share);
 }
 
 }  // namespace strandline::win32

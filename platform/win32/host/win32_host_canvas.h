@@ -14,6 +14,7 @@ class Win32HostCanvas final : public HostCanvas {
   Long TextHeight() override;
   // A key that is no colour (-1) leaves nothing out. Nothing is drawn into a context of one bit.
   void DrawBitmap(Long hdc, const Rect& rectangle, Long bitmap, Long key) override;
+  void MixPictures(Long dest, Long from, Long to, Long width, Long height, Single share) override;
 };
 
 }  // namespace strandline::win32
