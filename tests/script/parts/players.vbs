@@ -248,6 +248,9 @@ Class PlayedStore
     If Refuses Then Err.Raise 1000, "store", "the store refuses"
     ExecuteQLMCommand = Empty
   End Function
+  Public Function GlobalValue(key)
+    GlobalValue = ""
+  End Function
 End Class
 
 Class PlayedState
@@ -264,6 +267,9 @@ Class PlayedState
     Note "lumivexEnabled=" & value
     mLumivex = value
   End Property
+  Public Function WebsiteAddress(flag, text)
+    WebsiteAddress = "http://www.quillmere.example/"
+  End Function
 End Class
 
 ' Answers each error with what the script has set: 0 ends the procedure, 5 goes on behind the statement.
