@@ -57,9 +57,10 @@ void AlphaBlender::AlphaBlend(Long targetHdc, Integer previousIndex, Integer cur
       Required(mOldHandles).Add(blendHdc, oldHandle);
       const Long previousHdc = Required(AdFactory().Advertisement(previousIndex)).hdc();
       const Long currentHdc = Required(AdFactory().Advertisement(currentIndex)).hdc();
-      Long handed = blendHdc;  // the component may write to it
-      mAlphaBlender.Call("AlphaBlend", Variant::ByRef(handed), Integer{0}, Integer{0}, previousHdc, currentHdc,
-                         percentage);
+      Long handedHdc = blendHdc;  // the component may write to both
+      Single handedShare = percentage;
+      mAlphaBlender.Call("AlphaBlend", Variant::ByRef(handedHdc), Integer{0}, Integer{0}, previousHdc, currentHdc,
+                         Variant::ByRef(handedShare));
     } catch (...) {
       if (mOldHandles && mOldHandles->Exists(blendHdc)) mOldHandles->Remove(blendHdc);
       FreeContext(blendHdc, oldHandle);

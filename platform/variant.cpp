@@ -1,5 +1,8 @@
 #include "platform/variant.h"
 
+#include <cmath>
+#include <limits>
+
 #include "platform/convert.h"
 
 namespace strandline {
@@ -39,7 +42,7 @@ struct AsText {
   String operator()(Boolean value) const { return TextFromBoolean(value); }
   String operator()(Integer value) const { return DecimalText(value); }
   String operator()(Long value) const { return DecimalText(value); }
-  String operator()(Single value) const { return TextFromNumber(static_cast<Double>(value)); }
+  String operator()(Single value) const { return TextFromSingle(value); }
   String operator()(Double value) const { return TextFromNumber(value); }
   String operator()(const String& value) const { return value; }
   template <class T>
@@ -67,6 +70,11 @@ struct AssignThrough {
   void operator()(Boolean* to) const { *to = value.ToBoolean(); }
   void operator()(Integer* to) const { *to = value.ToInteger(); }
   void operator()(Long* to) const { *to = value.ToLong(); }
+  void operator()(Single* to) const {
+    const Double number = value.ToDouble();
+    if (std::abs(number) > std::numeric_limits<Single>::max()) Raise(errors::kOverflow);
+    *to = static_cast<Single>(number);
+  }
   void operator()(Double* to) const { *to = value.ToDouble(); }
   void operator()(String* to) const { *to = value.ToText(); }
   void operator()(Object* to) const { *to = value.ToObject(); }

@@ -78,7 +78,7 @@ class Variant {
   using Value = std::variant<Empty, Missing, Null, Boolean, Integer, Long, Single, Double, Date, String, Object,
                              Picture, Shared<Byte>, Shared<String>, Shared<Boolean>, Shared<Variant>,
                              // by reference: the caller's own variable
-                             Boolean*, Integer*, Long*, Double*, String*, Object*, Variant*, Array<Byte>*,
+                             Boolean*, Integer*, Long*, Single*, Double*, String*, Object*, Variant*, Array<Byte>*,
                              Array<String>*, Array<Boolean>*>;
 
   Variant() = default;

@@ -19,6 +19,7 @@ class CallArgument {
     mGiven = &given;
     if (const auto* number = given.If<Integer*>()) return Refer(VT_I2, *number);
     if (const auto* number = given.If<Long*>()) return Refer(VT_I4, *number);
+    if (const auto* number = given.If<Single*>()) return Refer(VT_R4, *number);
     if (const auto* number = given.If<Double*>()) return Refer(VT_R8, *number);
     *mOwn = ToVARIANT(given);
     if (!given.IsByRef()) {

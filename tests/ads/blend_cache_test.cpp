@@ -105,12 +105,17 @@ TEST_F(BlendCache, TheComponent_GetsItsSizeOnce_AndTheContextsOfTheTwoAds) {
   SetLibrary({{AdSettings(), 60, 20}, {AdSettings(), 60, 20}}, kOver);
   std::vector<std::string> calls;
   std::vector<Variant> last;
+  std::string byReference;
   world->desk.Components().Register(u"AlphaBlender.Main2", [&] {
     calls.push_back("made");
     return Object(New<ScriptedObject>([&](Use, Name member, const Arguments& arguments) {
       std::string call(member.Text());
       last.clear();
-      for (const Variant& argument : arguments.positional) last.push_back(argument.Resolved());
+      byReference.clear();
+      for (const Variant& argument : arguments.positional) {
+        last.push_back(argument.Resolved());
+        byReference += argument.IsByRef() ? 'r' : '-';
+      }
       if (member == Name("Create")) call += " " + ToUtf8(last[0].ToText()) + " " + ToUtf8(last[1].ToText());
       calls.push_back(call);
       return Variant();
@@ -118,9 +123,12 @@ TEST_F(BlendCache, TheComponent_GetsItsSizeOnce_AndTheContextsOfTheTwoAds) {
   });
   Paint();
   EXPECT_EQ(AsText(calls), "made\nCreate 60 20\n");
+  EXPECT_EQ(byReference, "rr");
+  for (const Variant& size : last) EXPECT_TRUE(size.If<Integer>());
   Blended(1, 0, 0.3F);
   ASSERT_EQ(last.size(), 6u);
   EXPECT_EQ(calls.back(), "AlphaBlend");
+  EXPECT_EQ(byReference, "r----r");
   EXPECT_TRUE(last[1] == Variant(Integer{0}));
   EXPECT_TRUE(last[2] == Variant(Integer{0}));
   EXPECT_EQ(last[3].ToLong(), Inside::Ads(Factory())(1)->hdc());
@@ -133,7 +141,13 @@ TEST_F(BlendCache, ASecondWindowsFade_OfTheSamePair_OnlyCopies) {
   world->Open(u"Two.doc");
   world->Wait(20'000);
   EXPECT_EQ(blends.size(), 20u) << "both ways, ten steps each, whoever came first";
-  EXPECT_TRUE(PanelPixels(0).width == PanelPixels(1).width);
+  const auto steps = [&](Long n) {
+    trace().Name(PanelVariables(n).Number(u"mTargetHdc"), "panel");
+    return LinesOf(Trace::kDrawing, {"BitBlt(panel, "}, [&] { world->Wait(15'000); }).size();
+  };
+  EXPECT_GE(steps(0), 20u);
+  EXPECT_GE(steps(1), 20u) << "it does fade";
+  EXPECT_EQ(blends.size(), 20u);
 }
 
 TEST_F(BlendCache, AnAdWithItself_IsTheAdsOwnPicture) {

@@ -154,6 +154,7 @@ TEST(VariantValue, Reference_IsWrittenInItsVariablesType) {
   Boolean flag = false;
   Integer small = 0;
   Long number = 0;
+  Single share = 0;
   Double real = 0;
   String text;
   Object object;
@@ -161,6 +162,7 @@ TEST(VariantValue, Reference_IsWrittenInItsVariablesType) {
   Variant::ByRef(flag).Assign(u"1");
   Variant::ByRef(small).Assign(2.5);
   Variant::ByRef(number).Assign(u"70000");
+  Variant::ByRef(share).Assign(u"0.3");
   Variant::ByRef(real).Assign(u"0.5");
   Variant::ByRef(text).Assign(Long{12});
   Variant::ByRef(object).Assign(New<Thing>());
@@ -168,6 +170,8 @@ TEST(VariantValue, Reference_IsWrittenInItsVariablesType) {
   EXPECT_TRUE(flag);
   EXPECT_EQ(small, 2);
   EXPECT_EQ(number, 70000);
+  EXPECT_EQ(share, 0.3F);
+  EXPECT_EQ(Variant::ByRef(share).ToText(), u"0.3");
   EXPECT_EQ(real, 0.5);
   EXPECT_EQ(text, u"12");
   EXPECT_FALSE(object.IsNothing());
@@ -175,6 +179,8 @@ TEST(VariantValue, Reference_IsWrittenInItsVariablesType) {
 
   EXPECT_EQ(Raised([&] { Variant::ByRef(small).Assign(Long{70000}); }), errors::kOverflow);
   EXPECT_EQ(small, 2);
+  EXPECT_EQ(Raised([&] { Variant::ByRef(share).Assign(1e300); }), errors::kOverflow);
+  EXPECT_EQ(share, 0.3F);
   EXPECT_EQ(Raised([&] { Variant::ByRef(object).Assign(Long{1}); }), errors::kTypeMismatch);
   EXPECT_EQ(Raised([&] { Variant(Long{1}).Assign(Long{2}); }), errors::kTypeMismatch);
   EXPECT_EQ(Raised([&] { Variant().Assign(Long{2}); }), errors::kTypeMismatch);

@@ -272,6 +272,33 @@ TEST(LateCall, WhatOneVariableCantHold_DoesntKeepTheOthersFromTheirs) {
   }
 }
 
+TEST(LateCall, ANumberByReference_IsReachedWhereItIsInItsOwnType) {
+  Stage stage;
+  ObjectPlan plan;
+  plan.members = {L"Name"};
+  plan.touch = [](DISPPARAMS& parameters) {
+    ASSERT_EQ(parameters.cArgs, 4u);  // from the last to the first
+    ASSERT_EQ(parameters.rgvarg[3].vt, VT_BYREF | VT_I2);
+    ASSERT_EQ(parameters.rgvarg[2].vt, VT_BYREF | VT_I4);
+    ASSERT_EQ(parameters.rgvarg[1].vt, VT_BYREF | VT_R4);
+    ASSERT_EQ(parameters.rgvarg[0].vt, VT_BYREF | VT_R8);
+    ++*parameters.rgvarg[3].piVal;
+    ++*parameters.rgvarg[2].plVal;
+    *parameters.rgvarg[1].pfltVal *= 2;
+    *parameters.rgvarg[0].pdblVal *= 2;
+  };
+  Integer small = 7;
+  Long number = 70000;
+  Single share = 0.3F;
+  Double real = 0.3;
+  NewObject(plan).Call("Name", Variant::ByRef(small), Variant::ByRef(number), Variant::ByRef(share),
+                       Variant::ByRef(real));
+  EXPECT_EQ(small, 8);
+  EXPECT_EQ(number, 70001);
+  EXPECT_EQ(share, 0.6F);
+  EXPECT_EQ(real, 0.6);
+}
+
 TEST(LateCall, AnIdentity_IsThePointerAsFarAsItFits) {
   Stage stage;
   ObjectPlan plan;
