@@ -49,8 +49,9 @@ class Advertisement final : public ClassObject {
   String addEmailParameterToWebsite(String& website);
   String getEmail();
 
-  // --- the schedule; dates are compared by day ---
+  // --- the schedule ---
 
+  // Both ends belong to the range. The current date is a midnight, so a start with a time leaves its own day out.
   Boolean InRepeatTiming(Date startDate, Date endDate, const String& repeatStr, Date currentDate);
   Boolean InRepeatDaily(const String& body, Date startDate, Date currentDate);
   Boolean InRepeatWeekly(const String& body, Date startDate, Date currentDate);

@@ -36,10 +36,8 @@ Boolean Advertisement::InRepeatTiming(Date startDate, Date endDate, const String
   String body;
   char16_t rule = 0;
   REPORTS(body);
-  CONDITION(isBefore, dates::DayNumber(currentDate) < dates::DayNumber(startDate));
-  if (isBefore) return here.Leave();
-  CONDITION(isAfter, dates::DayNumber(currentDate) > dates::DayNumber(endDate));
-  if (isAfter) return here.Leave();
+  if (currentDate.days < startDate.days) return here.Leave();
+  if (currentDate.days > endDate.days) return here.Leave();
   STEP(body = String(From(repeatStr, 1)));
   STEP(rule = CodeAt(repeatStr, 0));
   switch (rule) {

@@ -33,9 +33,12 @@ char32_t TakeCharacter(std::string_view& text) {
   return character;
 }
 
+// The toolbar reads a date as the user's Windows is set; with the year first it is the same day everywhere.
 std::string DateText(Day day) {
-  return std::to_string(static_cast<unsigned>(day.month())) + "/" + std::to_string(static_cast<unsigned>(day.day())) +
-         "/" + std::to_string(static_cast<int>(day.year()));
+  char text[40];
+  std::snprintf(text, sizeof text, "%04d-%02u-%02u", static_cast<int>(day.year()), static_cast<unsigned>(day.month()),
+                static_cast<unsigned>(day.day()));
+  return text;
 }
 
 std::string CodePoint(char32_t character) {

@@ -63,6 +63,18 @@ TEST_F(AdLibrary, AHeadingAsTheFirstString_LeavesTheBuiltInPictureAsAdZero_ForAl
   EXPECT_EQ(Ad(0).Duration(), 5000);
 }
 
+TEST_F(AdLibrary, AHeadingAtAnyOtherIndex_MakesAnAdOfTheProductsPageToo) {
+  BeginWith({{.width = 41}, {.settings = kHeading, .width = 42}, {.settings = u"StartDate$", .width = 43}});
+  Paint();
+  EXPECT_EQ(Widths(), "223 41 42 43 ");
+  for (const Integer index : {2, 3}) {
+    EXPECT_EQ(Ad(index).Duration(), 5000);
+    EXPECT_TRUE(Ad(index).visible());
+    EXPECT_EQ(Page(index), Page(0));
+  }
+  EXPECT_NE(Page(1), Page(0));
+}
+
 TEST_F(AdLibrary, TheFirstString_CanMakeTheBuiltInPictureAnAdLikeAnyOther) {
   BeginWith({{}}, AdSettings(u"style=MLA", 700, u"own"));
   Paint();
@@ -198,7 +210,10 @@ TEST_F(AdLibrary, OnlyTheFirstPaint_LoadsAndTakesTheBackground) {
   Paint(223, 32);
   const Long background = Number(u"mHdc");
   SetLibrary({{.width = 42}});
-  const Trace::Lines lines = LinesOf(~0u, {"LoadLibrary", "GetDC", "BitBlt", "log", "verify"}, [&] { Paint(300, 50); });
+  const Trace::Lines lines = LinesOf(~0u, {"LoadLibrary", "GetDC", "BitBlt", "log", "verify"}, [&] {
+    Paint(300, 50);
+    Factory().AfterPaint(world->Top(), 0, 0, 300, 50);
+  });
   EXPECT_EQ(AsText(lines), "");
   EXPECT_EQ(Number(u"mHdc"), background);
   EXPECT_EQ(Number(u"mMaxWidth"), 223);

@@ -1,6 +1,9 @@
 // When an ad shows: every day of four decades against a reading of the rules by the calendar, and what is odd about
 // them in tests of their own.
 
+#include <signal.h>
+#include <sys/time.h>
+
 #include <chrono>
 
 #include "tests/ads/ad_fixture.h"
@@ -133,14 +136,13 @@ TEST_F(AdScheduleTest, ARangeOfOneDay_ShowsOnIt) {
   for (const char16_t* rule : {u"D1", u"W1", u"D2", u"D30000", u"Mx7"}) EXPECT_TRUE(Shows(rule, day, day, day));
 }
 
-TEST_F(AdScheduleTest, Dates_AreComparedByDay) {
+// A day begins at midnight, which is before any time of it.
+TEST_F(AdScheduleTest, AStartWithATime_LeavesItsOwnDayOut_AnEndWithOneDoesNot) {
   const Date start = dates::WithTime(DateOn(2009, 3, 1), 64'800);
-  const Date end = dates::WithTime(DateOn(2009, 3, 2), 1);
-  EXPECT_TRUE(Shows(u"D1", start, end, DateOn(2009, 3, 1)));
-  EXPECT_TRUE(Shows(u"D1", start, DateOn(2009, 3, 1), DateOn(2009, 3, 1)));
-  EXPECT_TRUE(Shows(u"D1", start, end, DateOn(2009, 3, 2)));
-  EXPECT_FALSE(Shows(u"D1", start, end, DateOn(2009, 3, 3)));
-  EXPECT_TRUE(Shows(u"D1", start, end, dates::WithTime(DateOn(2009, 3, 2), 2)));
+  const Date end = dates::WithTime(DateOn(2009, 3, 3), 1);
+  const bool shows[] = {false, true, true, false};
+  for (unsigned i = 0; i < 4; ++i) EXPECT_EQ(Shows(u"D1", start, end, DateOn(2009, 3, 1 + i)), shows[i]) << i;
+  EXPECT_FALSE(Shows(u"D1", start, end, dates::WithTime(DateOn(2009, 3, 3), 2)));
 }
 
 TEST_F(AdScheduleTest, EverySecondDay_IsCountedFromTheStart) {
@@ -237,7 +239,7 @@ TEST_F(AdScheduleTest, YearlyWithNothing_IsAnError) {
 
 TEST_F(AdScheduleTest, OtherLetters_NeverShow) {
   const Date day = DateOn(2009, 3, 1);
-  for (const char16_t* rule : {u"X5", u"d1", u"w1111111", u"m1", u"1", u" D1",
+  for (const char16_t* rule : {u"X5", u"d5", u"d1", u"w1111111", u"m1", u"1", u" D1",
                                u"\u0414"
                                u"1"}) {
     EXPECT_FALSE(Shows(rule, day, day)) << ToUtf8(rule);
@@ -283,6 +285,17 @@ TEST_F(AdScheduleTest, LaterFebruaries_AreAsLongAsThatOfTheYearAfterTheStart) {
 TEST_F(AdScheduleTest, EveryZerothDay_ShowsOnTheStart) {
   const Date start = DateOn(2009, 3, 1);
   EXPECT_TRUE(Shows(u"D0", start, start));
+}
+
+// On any other day the steps go on until somebody ends the process; here it is a limit of its computing time.
+TEST_F(AdScheduleTest, EveryZerothDay_HasNoAnswerOnAnotherDay) {
+  const Date start = DateOn(2009, 3, 1);
+  const auto stepWithinLimit = [&] {
+    const itimerval limit{{0, 0}, {0, 50'000}};
+    setitimer(ITIMER_VIRTUAL, &limit, nullptr);
+    Shows(u"D0", start, DateOn(2009, 3, 2));
+  };
+  EXPECT_EXIT(stepWithinLimit(), testing::KilledBySignal(SIGVTALRM), "");
 }
 
 TEST_F(AdScheduleTest, StepsBackwards_EndInAnOverflow) {

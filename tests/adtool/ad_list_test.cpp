@@ -69,9 +69,9 @@ TEST(AdList_Ads, GetPicturesAndSettingsByNumber) {
           "address = \" \"\n");
   EXPECT_EQ(library.ads, 3);
   const std::map<int, std::string> kStrings = {
-      {1, "1/31/2008$12/1/2010$M31$-$$1$home#top"},
-      {2, "3/1/2009$12/31/2009$W0100010$-$style=APA|MLA~stage=has_thesis$8000$offers/spring?ref=bar"},
-      {3, "3/7/2009$3/7/2009$D1$-$$5000$caf\xC3\xA9 \xE2\x82\xAC 5"},
+      {1, "2008-01-31$2010-12-01$M31$-$$1$home#top"},
+      {2, "2009-03-01$2009-12-31$W0100010$-$style=APA|MLA~stage=has_thesis$8000$offers/spring?ref=bar"},
+      {3, "2009-03-07$2009-03-07$D1$-$$5000$caf\xC3\xA9 \xE2\x82\xAC 5"},
       {4, "12/31/1999$1/2/9999$M1$-$$2147483647$ "},
   };
   EXPECT_EQ(library.content.strings, kStrings);
@@ -230,7 +230,7 @@ TEST(AdList_WithKeysOfManyParts, IsRefusedBeforeTheyFillTheStack) {
 
 TEST(AdList_Settings, MayTakeAsManyBytesAsTheToolbarReads) {
   const AdsRunner folder;
-  const std::string fixed = "3/1/2009$12/31/2009$D1$-$$8000$";
+  const std::string fixed = "2009-03-01$2009-12-31$D1$-$$8000$";
   // A character of several bytes in the list is one byte to the toolbar.
   for (const char* character : {"x", "\xC3\xA9", "\xE2\x82\xAC"}) {
     std::string address;
