@@ -72,7 +72,7 @@ TEST(AdList_Ads, GetPicturesAndSettingsByNumber) {
       {1, "2008-01-31$2010-12-01$M31$-$$1$home#top"},
       {2, "2009-03-01$2009-12-31$W0100010$-$style=APA|MLA~stage=has_thesis$8000$offers/spring?ref=bar"},
       {3, "2009-03-07$2009-03-07$D1$-$$5000$caf\xC3\xA9 \xE2\x82\xAC 5"},
-      {4, "12/31/1999$1/2/9999$M1$-$$2147483647$ "},
+      {4, "1999-12-31$9999-01-02$M1$-$$2147483647$ "},
   };
   EXPECT_EQ(library.content.strings, kStrings);
   ASSERT_EQ(library.content.pictures.size(), 3u);
