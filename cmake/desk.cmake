@@ -16,6 +16,7 @@ strandline_floor(strandline_wrappers FOLDERS platform/wrappers USES strandline_c
 strandline_floor(strandline_looks FOLDERS platform/looks USES strandline_core)
 strandline_floor(strandline_deskplatform FOLDERS platform/desk platform/desk/raster
                  USES strandline_core strandline_wrappers strandline_looks)
+strandline_precompile(strandline_deskplatform)
 target_link_libraries(strandline_deskplatform PRIVATE GIF::GIF PNG::PNG PkgConfig::TURBOJPEG PkgConfig::SDL2)
 strandline_embed_images(strandline_deskplatform)
 
@@ -51,7 +52,7 @@ add_dependencies(strandline_tests strandline-desk strandline-ads)
 # The tests' own code isn't what is measured or shipped: it is built fast.
 target_compile_options(strandline_tests PRIVATE -O0 -g0)
 target_precompile_headers(strandline_tests PRIVATE <gtest/gtest.h> <functional> <optional> <string> <vector>
-                          "${CMAKE_SOURCE_DIR}/platform/platform.h")
+                          "${CMAKE_SOURCE_DIR}/tests/support/world.h")
 file(GLOB fuzz_sources CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/fuzz/*.cpp)
 
 if(STRANDLINE_BENCH)

@@ -24,6 +24,7 @@ file(CONFIGURE OUTPUT images.rc CONTENT "${image_lines}" @ONLY)
 # The seam on the real services, and what a host of the library needs of them.
 strandline_floor(strandline_looks FOLDERS platform/looks USES strandline_core)
 strandline_floor(strandline_win32 FOLDERS platform/win32 USES strandline_core strandline_looks)
+strandline_precompile(strandline_win32)
 target_link_libraries(strandline_win32 PUBLIC gdi32 ole32 oleaut32 uuid)
 strandline_floor(strandline_win32host FOLDERS platform/win32/host USES strandline_win32)
 
