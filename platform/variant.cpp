@@ -9,11 +9,6 @@ namespace strandline {
 
 namespace {
 
-template <class... Ts>
-struct Overloaded : Ts... {
-  using Ts::operator()...;
-};
-
 template <class T>
 inline constexpr bool kIsPlainNumber =
     std::is_same_v<T, Integer> || std::is_same_v<T, Long> || std::is_same_v<T, Single> || std::is_same_v<T, Double>;
@@ -98,42 +93,69 @@ void Take(Boolean& element, const Variant& value) { element = value.ToBoolean();
 
 }  // namespace
 
-bool Variant::IsByRef() const {
-  return std::visit([](const auto& value) { return std::is_pointer_v<std::remove_cvref_t<decltype(value)>>; }, mValue);
+Variant::Variant(Array<Byte> value) { Put(std::make_shared<const Array<Byte>>(std::move(value))); }
+Variant::Variant(Array<String> value) { Put(std::make_shared<const Array<String>>(std::move(value))); }
+Variant::Variant(Array<Boolean> value) { Put(std::make_shared<const Array<Boolean>>(std::move(value))); }
+Variant::Variant(Array<Variant> value) { Put(std::make_shared<const Array<Variant>>(std::move(value))); }
+
+void Variant::CopyOwned(const Variant& other) {
+  other.Visit([this](const auto& value) { Put(value); });
 }
 
-Variant Variant::Resolved() const { return std::visit(Resolve{*this}, mValue); }
-void Variant::Assign(const Variant& value) const { std::visit(AssignThrough{value}, mValue); }
+// The other one stays behind as Empty.
+void Variant::MoveOwned(Variant& other) noexcept {
+  other.Visit([this](const auto& value) {
+    using T = std::remove_cvref_t<decltype(value)>;
+    Put(std::move(const_cast<T&>(value)));
+  });
+  other.ReleaseOwned();
+}
+
+void Variant::ReleaseOwned() noexcept {
+  Visit([](const auto& value) {
+    using T = std::remove_cvref_t<decltype(value)>;
+    const_cast<T&>(value).~T();
+  });
+  mKind = 0;
+}
+
+bool Variant::SameAs(const Variant& other) const {
+  if (mKind != other.mKind) return false;
+  return Visit([&other](const auto& value) { return value == *other.If<std::remove_cvref_t<decltype(value)>>(); });
+}
+
+Variant Variant::Resolved() const { return Visit(Resolve{*this}); }
+void Variant::Assign(const Variant& value) const { Visit(AssignThrough{value}); }
 
 Boolean Variant::ToBoolean() const {
   if (const Boolean* value = If<Boolean>()) return *value;
   if (IsByRef()) return Resolved().ToBoolean();
   if (const String* text = If<String>()) return BooleanFromText(*text);
-  return std::visit(AsDouble{}, mValue) != 0;
+  return Visit(AsDouble{}) != 0;
 }
 
 Integer Variant::ToInteger() const {
   if (const Integer* value = If<Integer>()) return *value;
   if (IsByRef()) return Resolved().ToInteger();
-  return RoundToInteger(std::visit(AsDouble{}, mValue));
+  return RoundToInteger(Visit(AsDouble{}));
 }
 
 Long Variant::ToLong() const {
   if (const Long* value = If<Long>()) return *value;
   if (const Integer* value = If<Integer>()) return *value;
   if (IsByRef()) return Resolved().ToLong();
-  return RoundToLong(std::visit(AsDouble{}, mValue));
+  return RoundToLong(Visit(AsDouble{}));
 }
 
 Double Variant::ToDouble() const {
   if (IsByRef()) return Resolved().ToDouble();
-  return std::visit(AsDouble{}, mValue);
+  return Visit(AsDouble{});
 }
 
 String Variant::ToText() const {
   if (const String* text = If<String>()) return *text;
   if (IsByRef()) return Resolved().ToText();
-  return std::visit(AsText{}, mValue);
+  return Visit(AsText{});
 }
 
 Object Variant::ToObject() const {

@@ -8,9 +8,12 @@
 // object refuses raises the object's own number.
 
 #include <array>
+#include <cstddef>
+#include <cstring>
 #include <memory>
+#include <new>
 #include <span>
-#include <variant>
+#include <tuple>
 
 #include "platform/array.h"
 #include "platform/name.h"
@@ -58,6 +61,21 @@ struct Missing {
   friend bool operator==(Missing, Missing) = default;
 };
 
+template <class... Ts>
+struct TypeList {
+  static constexpr std::size_t kCount = sizeof...(Ts);
+  // The position of a type that is in the list; no other compiles.
+  template <class T>
+  static consteval std::uint8_t Find() {
+    constexpr bool kIsIt[] = {std::is_same_v<T, Ts>...};
+    std::uint8_t kind = 0;
+    while (!kIsIt[kind]) ++kind;
+    return kind;
+  }
+  template <std::size_t kAt>
+  using At = std::tuple_element_t<kAt, std::tuple<Ts...>>;
+};
+
 // What comes from the automation world in a kind that isn't here becomes the next wider one that is: a byte an Integer,
 // unsigned and 64-bit numbers a Long or, beyond it, a Double; currency and decimals a Double. Arrays of other kinds
 // become arrays of Variant. What has no such kind (error values, records, arrays of more than one dimension) raises 13
@@ -75,48 +93,64 @@ class Variant {
   template <class T>
   using Shared = std::shared_ptr<const Array<T>>;
 
-  using Value = std::variant<Empty, Missing, Null, Boolean, Integer, Long, Single, Double, Date, String, Object,
-                             Picture, Shared<Byte>, Shared<String>, Shared<Boolean>, Shared<Variant>,
-                             // by reference: the caller's own variable
-                             Boolean*, Integer*, Long*, Single*, Double*, String*, Object*, Variant*, Array<Byte>*,
-                             Array<String>*, Array<Boolean>*>;
-
   Variant() = default;
-  Variant(Missing value) : mValue(value) {}
-  Variant(Null value) : mValue(value) {}
-  Variant(Boolean value) : mValue(value) {}
-  Variant(Integer value) : mValue(value) {}
-  Variant(Long value) : mValue(value) {}
-  Variant(Single value) : mValue(value) {}
-  Variant(Double value) : mValue(value) {}
-  Variant(Date value) : mValue(value) {}
-  Variant(String value) : mValue(std::move(value)) {}
-  Variant(const char16_t* value) : mValue(String(value)) {}
+  Variant(Missing value) { Put(value); }
+  Variant(Null value) { Put(value); }
+  Variant(Boolean value) { Put(value); }
+  Variant(Integer value) { Put(value); }
+  Variant(Long value) { Put(value); }
+  Variant(Single value) { Put(value); }
+  Variant(Double value) { Put(value); }
+  Variant(Date value) { Put(value); }
+  Variant(String value) { Put(std::move(value)); }
+  Variant(const char16_t* value) { Put(String(value)); }
   template <class T>
   Variant(T*) = delete;  // a pointer would pass for a Boolean
-  Variant(Object value) : mValue(std::move(value)) {}
-  Variant(Picture value) : mValue(std::move(value)) {}
-  Variant(Array<Byte> value) : mValue(std::make_shared<const Array<Byte>>(std::move(value))) {}
-  Variant(Array<String> value) : mValue(std::make_shared<const Array<String>>(std::move(value))) {}
-  Variant(Array<Boolean> value) : mValue(std::make_shared<const Array<Boolean>>(std::move(value))) {}
+  Variant(Object value) { Put(std::move(value)); }
+  Variant(Picture value) { Put(std::move(value)); }
+  Variant(Array<Byte> value);
+  Variant(Array<String> value);
+  Variant(Array<Boolean> value);
   Variant(Array<Variant> value);
   template <class T>
-  requires std::is_base_of_v<Dispatch, T> Variant(const Ref<T>& value) : mValue(Object(value)) {}
+  requires std::is_base_of_v<Dispatch, T> Variant(const Ref<T>& value) { Put(Object(value)); }
+
+  Variant(const Variant& other) { CopyFrom(other); }
+  Variant(Variant&& other) noexcept { MoveFrom(other); }
+  // What the former value's end calls back finds the new one in place.
+  Variant& operator=(const Variant& other) {
+    Variant former(other);
+    Swap(former);
+    return *this;
+  }
+  Variant& operator=(Variant&& other) noexcept {
+    Variant former(std::move(other));
+    Swap(former);
+    return *this;
+  }
+  ~Variant() { Release(); }
 
   // The variable itself goes along; what the callee writes, the caller sees.
   template <class T>
   static Variant ByRef(T& variable) {
     Variant reference;
-    reference.mValue = &variable;
+    reference.Put(&variable);
     return reference;
   }
 
-  const Value& Raw() const { return mValue; }
+  // The value, if it is of this type and no other; null otherwise. Valid as long as this Variant keeps its value.
   template <class T>
   const T* If() const {
-    return std::get_if<T>(&mValue);
+    return mKind == kKindOf<T> ? &Slot<T>() : nullptr;
   }
-  bool IsByRef() const;
+  // Calls the visitor with the value in its own type.
+  template <class Visitor>
+  decltype(auto) Visit(const Visitor& visitor) const {
+    return VisitFrom<0>(visitor);
+  }
+  // The number of the value's type among those that a Variant can hold.
+  std::uint8_t Kind() const { return mKind; }
+  bool IsByRef() const { return mKind >= kKindOf<Boolean*> && mKind < kFirstOwning; }
   // The value behind a reference, or this value.
   Variant Resolved() const;
   // Writes through a reference, converted to the variable's type; raises 13 on what is no reference.
@@ -141,13 +175,70 @@ class Variant {
   template <class T>
   Array<T> ToArray() const;
 
-  friend bool operator==(const Variant& a, const Variant& b) { return a.mValue == b.mValue; }
+  friend bool operator==(const Variant& a, const Variant& b) { return a.SameAs(b); }
 
  private:
-  Value mValue;
-};
+  // Not a std::variant: its copy, move and end are templates, which each source file would compile anew, at two
+  // seconds a file. Here they are ordinary functions, and a value that owns nothing is copied in place.
+  using Types = TypeList<Empty, Missing, Null, Boolean, Integer, Long, Single, Double, Date,
+                         // by reference: the caller's own variable
+                         Boolean*, Integer*, Long*, Single*, Double*, String*, Object*, Variant*, Array<Byte>*,
+                         Array<String>*, Array<Boolean>*,
+                         // from here on, what owns something
+                         String, Object, Picture, Shared<Byte>, Shared<String>, Shared<Boolean>, Shared<Variant>>;
+  template <class T>
+  static constexpr std::uint8_t kKindOf = Types::Find<T>();
+  static constexpr std::uint8_t kFirstOwning = Types::Find<String>();
 
-inline Variant::Variant(Array<Variant> value) : mValue(std::make_shared<const Array<Variant>>(std::move(value))) {}
+  template <class T>
+  const T& Slot() const {
+    return *std::launder(reinterpret_cast<const T*>(mPlace));
+  }
+  // Into a Variant that owns nothing.
+  template <class T>
+  void Put(T value) {
+    static_assert(sizeof(T) <= sizeof(mPlace));
+    ::new (static_cast<void*>(mPlace)) T(std::move(value));
+    mKind = kKindOf<T>;
+  }
+  template <std::size_t kAt, class Visitor>
+  auto VisitFrom(const Visitor& visitor) const -> decltype(visitor(std::declval<const Empty&>())) {
+    using T = typename Types::template At<kAt>;
+    if constexpr (kAt + 1 < Types::kCount) {
+      if (mKind != kAt) return VisitFrom<kAt + 1>(visitor);
+    }
+    return visitor(Slot<T>());
+  }
+
+  bool OwnsSomething() const { return mKind >= kFirstOwning; }
+  void CopyFrom(const Variant& other) {
+    if (other.OwnsSomething()) return CopyOwned(other);
+    CopyBits(other);
+  }
+  void MoveFrom(Variant& other) noexcept {
+    if (other.OwnsSomething()) return MoveOwned(other);
+    CopyBits(other);
+  }
+  void Release() noexcept {
+    if (OwnsSomething()) ReleaseOwned();
+  }
+  void Swap(Variant& other) noexcept {
+    Variant mine(std::move(*this));
+    MoveFrom(other);
+    other.MoveFrom(mine);
+  }
+  void CopyBits(const Variant& other) {
+    std::memcpy(mPlace, other.mPlace, sizeof mPlace);
+    mKind = other.mKind;
+  }
+  void CopyOwned(const Variant& other);
+  void MoveOwned(Variant& other) noexcept;
+  void ReleaseOwned() noexcept;
+  bool SameAs(const Variant& other) const;
+
+  alignas(Shared<Byte>) std::byte mPlace[sizeof(Shared<Byte>)] = {};
+  std::uint8_t mKind = 0;
+};
 
 struct Named {
   Name name;

@@ -50,7 +50,7 @@ struct ToJson {
   Json operator()(const Variant::Shared<Boolean>& value) const { return List(*value); }
   Json operator()(const Variant::Shared<Variant>& value) const {
     Json list = Json::array();
-    for (const Variant& element : value->Elements()) list.push_back(std::visit(*this, element.Resolved().Raw()));
+    for (const Variant& element : value->Elements()) list.push_back(element.Resolved().Visit(*this));
     return list;
   }
   template <class T>
@@ -80,7 +80,7 @@ std::string JournalNaming::Text(const String& text) const {
   return mSources.text ? mSources.text(std::move(plain)) : plain;
 }
 
-Json JournalNaming::Value(const Variant& value) const { return std::visit(ToJson{*this}, value.Resolved().Raw()); }
+Json JournalNaming::Value(const Variant& value) const { return value.Resolved().Visit(ToJson{*this}); }
 
 Json JournalNaming::ValueWithHandles(const Variant& value) const {
   const Variant resolved = value.Resolved();

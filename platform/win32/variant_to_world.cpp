@@ -110,6 +110,6 @@ struct Writer {
 
 }  // namespace
 
-VARIANT ToVARIANT(const Variant& value) { return std::visit(Writer{}, value.Raw()); }
+VARIANT ToVARIANT(const Variant& value) { return value.Visit(Writer{}); }
 
 }  // namespace strandline::win32

@@ -46,7 +46,7 @@ TEST_F(RunTimeContract, ADateInText_IsThatDay) {
   for (const auto& [text, year, month, day] : cases) {
     SCOPED_TRACE(ToUtf8(text));
     Date date;
-    EXPECT_EQ(Raised([&] { date = runTime.DateFromText(text); }), 0);
+    EXPECT_EQ(Raised([&, given = text] { date = runTime.DateFromText(given); }), 0);
     EXPECT_EQ(date.days, dates::FromParts(year, month, day).days);
   }
   EXPECT_EQ(runTime.DateFromText(String(TextView(u"3/1/2009\0", 9))), dates::FromParts(2009, 3, 1));

@@ -76,7 +76,7 @@ TEST(Object, ValuesComeBackAsTheyWent) {
   for (std::size_t i = 0; i < std::size(values); ++i) {
     dictionary.Let("Item", static_cast<Long>(i), values[i]);
     const Variant back = dictionary.Get("Item", static_cast<Long>(i));
-    EXPECT_EQ(back.Raw().index(), values[i].Raw().index());
+    EXPECT_EQ(back.Kind(), values[i].Kind());
     if (i < 8) {
       EXPECT_TRUE(back == values[i]);
     }
