@@ -15,46 +15,45 @@ include(resources/embed.cmake)
 strandline_floor(strandline_wrappers FOLDERS platform/wrappers USES strandline_core)
 strandline_floor(strandline_looks FOLDERS platform/looks USES strandline_core)
 strandline_floor(strandline_deskplatform FOLDERS platform/desk platform/desk/raster
-                 USES strandline_core strandline_wrappers strandline_looks)
-strandline_precompile(strandline_deskplatform)
-target_link_libraries(strandline_deskplatform PRIVATE GIF::GIF PNG::PNG PkgConfig::TURBOJPEG PkgConfig::SDL2)
+                 USES strandline_core strandline_wrappers strandline_looks
+                 WITH GIF::GIF PNG::PNG PkgConfig::TURBOJPEG PkgConfig::SDL2 PRECOMPILED ${STRANDLINE_SEAM_HEADERS})
 strandline_embed_images(strandline_deskplatform)
 
 # The program for authors of ad libraries; the desk verifies by the same code.
-strandline_floor(strandline_adtool FOLDERS adtool USES strandline_deskplatform)
-get_target_property(adtool_sources strandline_adtool SOURCES)
-list(FILTER adtool_sources EXCLUDE REGEX "/adtool/main\\.cpp$")
-set_target_properties(strandline_adtool PROPERTIES SOURCES "${adtool_sources}")
-target_link_libraries(strandline_adtool PUBLIC OpenSSL::Crypto)
+strandline_floor(strandline_adtool FOLDERS adtool EXCEPT adtool/main.cpp USES strandline_deskplatform OpenSSL::Crypto)
 add_executable(strandline-ads adtool/main.cpp)
 target_link_libraries(strandline-ads PRIVATE strandline_adtool)
 
-strandline_floor(strandline_play FOLDERS play USES strandline_wordsim strandline_wrappers nlohmann_json::nlohmann_json)
-target_precompile_headers(strandline_play PRIVATE <nlohmann/json.hpp> <functional> <string> <vector>)
-strandline_floor(strandline_deskprogram FOLDERS desk USES strandline_deskplatform strandline_play strandline_adtool)
-get_target_property(desk_sources strandline_deskprogram SOURCES)
-list(FILTER desk_sources EXCLUDE REGEX "/desk/main\\.cpp$")
-set_target_properties(strandline_deskprogram PROPERTIES SOURCES "${desk_sources}")
+strandline_floor(strandline_play FOLDERS play USES strandline_wordsim strandline_wrappers nlohmann_json::nlohmann_json
+                 PRECOMPILED ${STRANDLINE_JSON_HEADERS})
+strandline_floor(strandline_deskprogram FOLDERS desk EXCEPT desk/main.cpp
+                 USES strandline_deskplatform strandline_play strandline_adtool PRECOMPILED ${STRANDLINE_JSON_HEADERS})
 add_executable(strandline-desk desk/main.cpp)
 target_link_libraries(strandline-desk PRIVATE strandline_deskprogram)
-target_precompile_headers(strandline_deskprogram PRIVATE <nlohmann/json.hpp> <functional> <string> <vector>)
 
+# The tests are compiled once, fast, for they are neither measured nor shipped, and linked to the plain libraries and to
+# their sanitized twins.
 enable_testing()
 file(GLOB_RECURSE test_sources CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/tests/*.cpp)
 # Those of the other world, which the cross compiler builds.
 list(FILTER test_sources EXCLUDE REGEX "/tests/(win32|server|script|wordhost)/|_win32\\.cpp$")
-add_executable(strandline_tests ${test_sources})
-target_link_libraries(strandline_tests PRIVATE strandline_deskprogram strandline_adtool GTest::gtest GTest::gmock GTest::gtest_main PNG::PNG)
-target_compile_definitions(strandline_tests PRIVATE
+add_library(strandline_test_objects OBJECT EXCLUDE_FROM_ALL ${test_sources})
+target_link_libraries(strandline_test_objects PUBLIC strandline_deskprogram GTest::gtest GTest::gmock)
+target_compile_definitions(strandline_test_objects PRIVATE
   STRANDLINE_SOURCE_DIR="${CMAKE_SOURCE_DIR}" STRANDLINE_DESK_PROGRAM="$<TARGET_FILE:strandline-desk>"
   STRANDLINE_ADS_PROGRAM="$<TARGET_FILE:strandline-ads>")
-add_dependencies(strandline_tests strandline-desk strandline-ads)
-# The tests' own code isn't what is measured or shipped: it is built fast.
-target_compile_options(strandline_tests PRIVATE -O0 -g0)
-target_precompile_headers(strandline_tests PRIVATE <gtest/gtest.h> <functional> <optional> <string> <vector>
+target_compile_options(strandline_test_objects PRIVATE -O0 -g0)
+target_precompile_headers(strandline_test_objects PRIVATE <gtest/gtest.h> <functional> <optional> <string> <vector>
                           "${CMAKE_SOURCE_DIR}/tests/support/world.h")
-file(GLOB fuzz_sources CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/fuzz/*.cpp)
-
+function(strandline_test_program name library)
+  add_executable(${name} $<TARGET_OBJECTS:strandline_test_objects>)
+  target_link_libraries(${name} PRIVATE ${library} GTest::gtest GTest::gmock GTest::gtest_main PNG::PNG)
+  add_dependencies(${name} strandline-desk strandline-ads)
+endfunction()
+strandline_test_program(strandline_tests strandline_deskprogram)
+if(STRANDLINE_SANITIZED_TWINS)
+  strandline_test_program(strandline_tests_sanitized strandline_deskprogram_sanitized)
+endif()
 if(STRANDLINE_BENCH)
   find_package(benchmark REQUIRED)
   pkg_check_modules(LUA REQUIRED IMPORTED_TARGET lua5.4)
@@ -72,6 +71,7 @@ if(STRANDLINE_BENCH)
 endif()
 
 if(STRANDLINE_FUZZ)
+  file(GLOB fuzz_sources CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/fuzz/*.cpp)
   foreach(source IN LISTS fuzz_sources)
     get_filename_component(name ${source} NAME_WE)
     add_executable(${name} ${source})

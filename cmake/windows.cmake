@@ -23,9 +23,8 @@ file(CONFIGURE OUTPUT images.rc CONTENT "${image_lines}" @ONLY)
 
 # The seam on the real services, and what a host of the library needs of them.
 strandline_floor(strandline_looks FOLDERS platform/looks USES strandline_core)
-strandline_floor(strandline_win32 FOLDERS platform/win32 USES strandline_core strandline_looks)
-strandline_precompile(strandline_win32)
-target_link_libraries(strandline_win32 PUBLIC gdi32 ole32 oleaut32 uuid)
+strandline_floor(strandline_win32 FOLDERS platform/win32
+                 USES strandline_core strandline_looks gdi32 ole32 oleaut32 uuid PRECOMPILED ${STRANDLINE_SEAM_HEADERS})
 strandline_floor(strandline_win32host FOLDERS platform/win32/host USES strandline_win32)
 
 # The DLL: server/ around the core, its type library and the images built in.
@@ -62,13 +61,11 @@ endif()
 file(MAKE_DIRECTORY ${CMAKE_CURRENT_BINARY_DIR}/include)
 file(CREATE_LINK /usr/include/nlohmann ${CMAKE_CURRENT_BINARY_DIR}/include/nlohmann SYMBOLIC)
 strandline_floor(strandline_wrappers FOLDERS platform/wrappers USES strandline_core)
-strandline_floor(strandline_play FOLDERS play USES strandline_wordsim strandline_wrappers)
+strandline_floor(strandline_play FOLDERS play USES strandline_wordsim strandline_wrappers
+                 PRECOMPILED ${STRANDLINE_JSON_HEADERS})
 target_include_directories(strandline_play SYSTEM PUBLIC ${CMAKE_CURRENT_BINARY_DIR}/include)
-target_precompile_headers(strandline_play PRIVATE <nlohmann/json.hpp> <functional> <string> <vector>)
-strandline_floor(strandline_wordhost FOLDERS wordhost USES strandline_play strandline_win32host)
-get_target_property(wordhost_sources strandline_wordhost SOURCES)
-list(FILTER wordhost_sources EXCLUDE REGEX "/wordhost/main\\.cpp$")
-set_target_properties(strandline_wordhost PROPERTIES SOURCES "${wordhost_sources}")
+strandline_floor(strandline_wordhost FOLDERS wordhost EXCEPT wordhost/main.cpp
+                 USES strandline_play strandline_win32host)
 add_executable(strandline-host wordhost/main.cpp ${CMAKE_CURRENT_BINARY_DIR}/images.rc)
 target_link_libraries(strandline-host PRIVATE strandline_wordhost)
 add_dependencies(strandline-host strandline)

@@ -1,5 +1,5 @@
-# strandline_embed_images(<target>): puts every numbered image of resources/images (NNN.gif, NNN.bmp) into the target,
-# which then has OwnImages() of platform/desk/own_resources.h. A changed image is assembled anew; one that comes or goes
+# strandline_embed_images(<target>): puts every numbered image of resources/images (NNN.gif, NNN.bmp) into the target
+# and into its sanitized twin, which then have OwnImages() of platform/desk/own_resources.h. A changed image is assembled anew; one that comes or goes
 # configures anew. To be included at the top level: it enables the assembler.
 
 enable_language(ASM)
@@ -63,4 +63,7 @@ ${rows}  };
   set_source_files_properties("${assembler}" PROPERTIES
     OBJECT_DEPENDS "${images}" COMPILE_OPTIONS "-Wno-unused-command-line-argument")
   target_sources(${target} PRIVATE "${assembler}" "${table}")
+  if(TARGET ${target}_sanitized)
+    target_sources(${target}_sanitized PRIVATE "${assembler}" "${table}")
+  endif()
 endfunction()
