@@ -39,17 +39,23 @@ namespace detail {
 
 inline constexpr ModuleFile kModule{&kModuleInfo};
 
-inline void Log(const LogText& str, Long level, Boolean outputTime, Long instanceId) {
+// The message as the list of parameters tells it, while the call of the logger lasts.
+struct Told {
+  LogText& text;
+  operator Variant() const { return std::move(text).Text(); }
+};
+
+inline void Log(const Told& str, Long level, Boolean outputTime, Long instanceId) {
   PROCEDURE(void, u"Log", str, level, outputTime, instanceId);
 }
 
 }  // namespace detail
 
 // level: 0 ordinary, 1 noteworthy, 2 failure.
-inline void Log(const LogText& str, Long level = kOrdinary, Boolean outputTime = false, Long instanceId = -1) {
+inline void Log(LogText&& str, Long level = kOrdinary, Boolean outputTime = false, Long instanceId = -1) {
   if (observer) [[unlikely]]
-    observer->OnLog(str.Text(), level);
-  detail::Log(str, level, outputTime, instanceId);
+    observer->OnLog(std::move(str).Text(), level);
+  detail::Log({str}, level, outputTime, instanceId);
 }
 
 }  // namespace CommonLogger

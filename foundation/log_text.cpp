@@ -17,7 +17,7 @@ String LogPiece::Text() const {
   }
 }
 
-String LogText::Text() const {
+String LogText::Text() && {
   if (mConstant) return mConstant;
   std::u16string text;
   for (std::size_t i = 0; i < mCount; ++i) text += mPieces[i].Text().View();
