@@ -72,13 +72,15 @@ void AddToAFullCount(const String& lProc, const String& lParameters) {
 }  // namespace
 
 // The component's own question about this overflow pushes names too; those are dropped in silence, or there would be no
-// end of it.
+// end of it. The mark goes off on every way out, so that the next overflow is told as well.
 void vbwProcInOverflows(const ProcedureName& lProc) {
   static Boolean asking = false;
   if (asking) return;
-  asking = true;
+  struct Asking {
+    Asking() { asking = true; }
+    ~Asking() { asking = false; }
+  } const mark;
   AddToAFullCount(lProc.TraceName(), String());
-  asking = false;
 }
 
 String hash(const String& ErrSource, Long errNumber, Long errLine) {

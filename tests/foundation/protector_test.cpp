@@ -171,6 +171,18 @@ TEST_F(Protector, DepthBeyondAnInteger_IsAnErrorOfTheStackItself) {
   EXPECT_GT(variables.mStackCalls, 32700);
 }
 
+TEST_F(Protector, DepthBeyondAnInteger_IsToldAgainAfterTheTellingFailed) {
+  struct Foreign {};
+  variables.mStackCalls = 32767;
+  script.During([](const std::string&) { throw Foreign(); });
+  EXPECT_THROW(Descend(0), Foreign);
+  script.During({});
+  script.questions.clear();
+  variables.mStackCalls = 32767;
+  Descend(0);
+  EXPECT_EQ(script.Asked(), LogLines{"6 vbwProtector.vbwProcIn"});
+}
+
 TEST_F(Protector, Hash_IsModuleNumberAndLineBetweenControlCharacters) {
   const struct {
     const char16_t* module;
