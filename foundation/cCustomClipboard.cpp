@@ -58,11 +58,12 @@ void cCustomClipboard::Terminated() {
   ClipboardClose(false);
 }
 
-// No step holds the error, so that it goes to the caller's tail. An error of this library has no source of its own; a
-// dump tells the program's name, "Strandline", and the tail the class.
+// No step holds the error, so that it goes to the caller's tail.
 void cCustomClipboard::pbNotReady() {
   METHOD(void, u"pbNotReady");
-  if (!m_bClipboardIsOpen) Raise(kNotOpen, u"Attempt to access the clipboard when clipboard not Open.");
+  if (m_bClipboardIsOpen) return;
+  Raise(kNotOpen, u"Attempt to access the clipboard when clipboard not Open.",
+        Concat({ProgramName(), u".cCustomClipboard"}));
 }
 
 void cCustomClipboard::setlFormatId(Long& lFormatId) {

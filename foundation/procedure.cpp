@@ -6,8 +6,6 @@ namespace strandline {
 
 namespace {
 
-const String kProject = u"Strandline";
-
 constexpr TextView kBannerRule = u"**************************";
 
 String Banner(TextView title) { return Concat({u"\r\n", kBannerRule, u"\r\n", title, u"\r\n", kBannerRule, u"\r\n"}); }
@@ -42,18 +40,17 @@ Frame::Resume Frame::Failed(const Error& error, Long line) {
 }
 
 Frame::Resume Frame::FailedForMemory(Long line) {
-  return Failed(Error{errors::kOutOfMemory, ErrorDescription(errors::kOutOfMemory)}, line);
+  return Failed(Error(errors::kOutOfMemory, ErrorDescription(errors::kOutOfMemory)), line);
 }
 
 void Frame::NoteOutOfMemory() {
   vbwProtector::lastError = {errors::kOutOfMemory, ErrorDescription(errors::kOutOfMemory)};
 }
 
-Frame::Resume Frame::Tail(const Error& error, Long line) {
+Frame::Resume Frame::Tail(Error error, Long line) {
   const ModuleFile& file = *mName.file;
-  Long number = error.number;
   for (;;) {
-    switch (vbwProtector::vbwErrorHandler(number, error.description, kProject, file.module->name, mName.name,
+    switch (vbwProtector::vbwErrorHandler(error.number, error.description, ProgramName(), file.module->name, mName.name,
                                           file.lineBase + line)) {
       case vbwProtector::kAbort:
         vbwProtector::vbwExitThread();
@@ -64,7 +61,7 @@ Frame::Resume Frame::Tail(const Error& error, Long line) {
         return Resume::kNext;
       case vbwProtector::kDump:
         WriteDump(error);
-        number = vbwProtector::kAfterDump;
+        error.number = vbwProtector::kAfterDump;
         break;
       default:
         return Resume::kLeave;

@@ -42,8 +42,8 @@ class Frame {
   void ReportErrors() { mMode = Mode::kTail; }
 
   // The last error that was ignored or that took a jump, here or in a procedure called since; number 0 when there was
-  // none.
-  static const Error& LastError() { return vbwProtector::lastError; }
+  // none. A copy, for the next one takes its place.
+  static Error LastError() { return vbwProtector::lastError; }
   static void ClearError() { vbwProtector::lastError = {}; }
 
   // Runs one statement. False: leave the procedure.
@@ -122,7 +122,7 @@ class Frame {
   Resume Failed(const Error& error, Long line);
   Resume FailedForMemory(Long line);
   static void NoteOutOfMemory();
-  Resume Tail(const Error& error, Long line);
+  Resume Tail(Error error, Long line);
   void WriteDump(const Error& error);
 
   Integer mLevel = 0;  // of this procedure on the stack, 0 when it isn't kept

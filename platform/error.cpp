@@ -36,7 +36,14 @@ String ErrorDescription(Long number) {
   return u"Application-defined or object-defined error";
 }
 
-void Raise(Long number) { throw Error{number, ErrorDescription(number)}; }
-void Raise(Long number, String description) { throw Error{number, std::move(description)}; }
+const String& ProgramName() {
+  static const String name = u"Strandline";
+  return name;
+}
+
+void Raise(Long number) { throw Error(number, ErrorDescription(number)); }
+void Raise(Long number, String description, String source) {
+  throw Error(number, std::move(description), std::move(source));
+}
 
 }  // namespace strandline

@@ -1,15 +1,25 @@
 #pragma once
 
-// An error as a procedure's tail hears of it: a number and a description. Whatever can fail raises one; the step of the
-// procedure in which it arises catches it (foundation/procedure.h). It never leaves a procedure.
+// An error as a procedure's tail hears of it: a number, a description and a source. Whatever can fail raises one; the
+// step of the procedure in which it arises catches it (foundation/procedure.h). It never leaves a procedure.
 
 #include "platform/text.h"
 
 namespace strandline {
 
+// The name of the program, which is the source of an error that names no other.
+const String& ProgramName();
+
 struct Error {
+  // No error.
+  Error() = default;
+  // Marked, because an error that is made and neither thrown nor kept does nothing.
+  [[nodiscard]] Error(Long withNumber, String withDescription, String withSource = ProgramName())
+      : number(withNumber), description(std::move(withDescription)), source(std::move(withSource)) {}
+
   Long number = 0;
   String description;
+  String source;
 };
 
 namespace errors {
@@ -31,9 +41,9 @@ inline constexpr Long kResourceNotFound = 326;
 }  // namespace errors
 
 // The usual words for a number; "Application-defined or object-defined error" for one that has none.
-String ErrorDescription(Long number);
+[[nodiscard]] String ErrorDescription(Long number);
 
 [[noreturn]] void Raise(Long number);
-[[noreturn]] void Raise(Long number, String description);
+[[noreturn]] void Raise(Long number, String description, String source = ProgramName());
 
 }  // namespace strandline

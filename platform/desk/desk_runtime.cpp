@@ -121,7 +121,7 @@ Object DeskRunTime::ApplicationObject() {
 Object DeskRunTime::ErrorObject(const Error& error) {
   return New<PropertyBag>(kFirstErrorIdentity + ++mErrorObjects,
                           std::vector<PropertyBag::Member>{
-                              {"Number", error.number}, {"Description", error.description}, {"Source", u"Strandline"}});
+                              {"Number", error.number}, {"Description", error.description}, {"Source", error.source}});
 }
 
 Object DeskRunTime::ScreenObject() {

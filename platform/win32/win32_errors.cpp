@@ -27,21 +27,26 @@ constexpr Known kKnown[] = {
     {REGDB_E_CLASSNOTREG, errors::kCannotCreateComponent},
 };
 
-// From the thread's error information; empty when the object isn't one of those that leave it. Somebody else's could
-// lie there then.
-String ThreadsWords(IDispatch& object) {
+String TakeText(BSTR text) {
+  String taken = FromBstr(text);
+  ::SysFreeString(text);
+  return taken;
+}
+
+// From the thread's error information, if the object is one of those that leave it. Somebody else's could lie there
+// otherwise.
+void TakeThreadsWords(IDispatch& object, Error& error) {
   ComRef<ISupportErrorInfo> support;
   ComRef<IErrorInfo> information;
   if (FAILED(object.QueryInterface(IID_ISupportErrorInfo, support.PutVoid())) ||
       support->InterfaceSupportsErrorInfo(IID_IDispatch) != S_OK || ::GetErrorInfo(0, information.Put()) != S_OK ||
       !information) {
-    return {};
+    return;
   }
   BSTR text = nullptr;
-  if (FAILED(information->GetDescription(&text))) return {};
-  String words = FromBstr(text);
-  ::SysFreeString(text);
-  return words;
+  if (SUCCEEDED(information->GetDescription(&text))) error.description = TakeText(text);
+  text = nullptr;
+  if (error.source.IsEmpty() && SUCCEEDED(information->GetSource(&text))) error.source = TakeText(text);
 }
 
 }  // namespace
@@ -60,20 +65,22 @@ void RaiseResult(Long result) { Raise(ErrorNumber(result)); }
 void ForgetErrorInformation() { ::SetErrorInfo(0, nullptr); }
 
 Error TakeError(Long result, EXCEPINFO& exception, IDispatch* object) {
-  Error error{ErrorNumber(result), {}};
+  Error error(ErrorNumber(result), {}, {});
   if (result == DISP_E_EXCEPTION) {
     if (exception.pfnDeferredFillIn) exception.pfnDeferredFillIn(&exception);
     // A failure without any number is still one.
     if (exception.scode != 0) error.number = ErrorNumber(exception.scode);
     if (exception.wCode != 0) error.number = exception.wCode;
     error.description = FromBstr(exception.bstrDescription);
+    error.source = FromBstr(exception.bstrSource);
   }
   ::SysFreeString(exception.bstrSource);
   ::SysFreeString(exception.bstrDescription);
   ::SysFreeString(exception.bstrHelpFile);
   exception = {};
-  if (error.description.IsEmpty() && object) error.description = ThreadsWords(*object);
+  if (error.description.IsEmpty() && object) TakeThreadsWords(*object, error);
   if (error.description.IsEmpty()) error.description = ErrorDescription(error.number);
+  if (error.source.IsEmpty()) error.source = ProgramName();
   return error;
 }
 

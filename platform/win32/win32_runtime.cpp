@@ -153,7 +153,7 @@ Object Win32RunTime::ApplicationObject() {
 Object Win32RunTime::ErrorObject(const Error& error) {
   return New<PropertyBag>(
       kFirstErrorIdentity + 2 * (mErrors++ & 0x7FFFF),
-      Members{{"Number", error.number}, {"Description", error.description}, {"Source", u"Strandline"}});
+      Members{{"Number", error.number}, {"Description", error.description}, {"Source", error.source}});
 }
 
 Object Win32RunTime::ScreenObject() {

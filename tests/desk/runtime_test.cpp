@@ -152,6 +152,7 @@ TEST_F(RunTimeTest, ReportObjects_ShowTheRunTime) {
   EXPECT_EQ(error.Get("Number").ToLong(), 91);
   EXPECT_EQ(error.Get("Description").ToText(), u"Not set");
   EXPECT_EQ(error.Get("Source").ToText(), u"Strandline");
+  EXPECT_EQ(mRunTime.ErrorObject({91, u"Not set", u"Word"}).Get("Source").ToText(), u"Word");
   EXPECT_TRUE(mRunTime.PrinterObject().IsNothing());
 }
 

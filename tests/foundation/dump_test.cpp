@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "addin/library.h"
+#include "foundation/cCustomClipboard.h"
 #include "platform/dictionary.h"
 #include "platform/wrappers/forwarding.h"
 #include "tests/foundation/foundation_fixture.h"
@@ -175,24 +176,36 @@ TEST_F(Dump, RunTimeObjects_AreListedAsFarAsTheyExist) {
   }
 }
 
-TEST_F(Dump, ErrorObject_IsTheErrorThatIsDumped) {
-  class Reading final : public Dispatch {
-   public:
-    Variant Invoke(Use, Name member, const Arguments& arguments) override {
-      if (member == Name("vbwErrorHandler")) return Long{++questions == 1 ? 8 : 0};
-      if (member == Name("vbwReportObject") && arguments.positional[0].ToText() == u"Err") {
-        number = arguments.positional[2].ToObject().Get("Number").ToLong();
-      }
-      return {};
+// A component that asks for two dumps of each error and reads the error object of each.
+class ReadingErrors final : public Dispatch {
+ public:
+  Variant Invoke(Use, Name member, const Arguments& arguments) override {
+    if (member == Name("vbwErrorHandler")) return Long{++mQuestions % 3 == 0 ? 0 : 8};
+    if (member == Name("vbwReportObject") && arguments.positional[0].ToText() == u"Err") {
+      const Object error = arguments.positional[2].ToObject();
+      read.push_back(ToUtf8(Concat({error.Get("Number").ToText(), u" ", error.Get("Description").ToText(), u" ",
+                                    error.Get("Source").ToText()})));
     }
-    Long Identity() const override { return 4; }
-    int questions = 0;
-    Long number = 0;
-  };
-  const auto reading = New<Reading>();
+    return {};
+  }
+  Long Identity() const override { return 4; }
+  LogLines read;
+
+ private:
+  int mQuestions = 0;
+};
+
+TEST_F(Dump, ErrorObject_TellsNumberDescriptionAndSource) {
+  const auto reading = New<ReadingErrors>();
   desk.Components().Register(kErrorComponent, [&] { return reading; });
   InAModule(1, u"");
-  EXPECT_EQ(reading->number, 9);
+  const auto clipboard = New<cCustomClipboard>();
+  clipboard->ClearClipboard();
+  const std::string notOpen = " Attempt to access the clipboard when clipboard not Open. Strandline.cCustomClipboard\n";
+  EXPECT_EQ(Lines(reading->read),
+            "9 Subscript out of range Strandline\n-1 Subscript out of range Strandline\n"
+            "-2147219934" +
+                notOpen + "-1" + notOpen);
 }
 
 TEST_F(Dump, ComesBetweenTwoQuestionsToOneComponent) {

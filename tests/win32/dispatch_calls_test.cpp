@@ -152,12 +152,14 @@ HRESULT STDAPICALLTYPE FillIn(EXCEPINFO* exception) {
   return S_OK;
 }
 
-void LeaveErrorInfo(const wchar_t* words) {
+void LeaveErrorInfo(const wchar_t* words, const wchar_t* source = L"") {
   win32::ComRef<ICreateErrorInfo> made;
   win32::ComRef<IErrorInfo> information;
   ASSERT_EQ(::CreateErrorInfo(made.Put()), S_OK);
   std::wstring text = words;
   made->SetDescription(text.data());
+  std::wstring from = source;
+  made->SetSource(from.data());
   made->QueryInterface(IID_IErrorInfo, information.PutVoid());
   ::SetErrorInfo(0, information.get());
 }
@@ -221,6 +223,39 @@ TEST(LateCall, AFailure_BearsTheObjectsOwnNumberAndWords) {
     const Error error = Raised([&] { NewObject(plan).Get("Name"); });
     EXPECT_EQ(error.number, c.number) << c.name;
     EXPECT_EQ(error.description, c.words) << c.name;
+  }
+  ::SetErrorInfo(0, nullptr);
+}
+
+TEST(LateCall, AFailure_BearsTheSourceThatTheObjectNames) {
+  Stage stage;
+  const struct {
+    const char* name;
+    ObjectPlan::Answer answer;
+    String source;
+  } cases[] = {
+      {"of the exception",
+       [](int, VARIANT&, EXCEPINFO& told) {
+         told.bstrSource = ::SysAllocString(L"Microsoft Word");
+         return HRESULT{DISP_E_EXCEPTION};
+       },
+       u"Microsoft Word"},
+      {"of the error information",
+       [](int, VARIANT&, EXCEPINFO&) {
+         LeaveErrorInfo(L"left words", L"left source");
+         return HRESULT{E_INVALIDARG};
+       },
+       u"left source"},
+      {"none", [](int, VARIANT&, EXCEPINFO&) { return HRESULT{DISP_E_EXCEPTION}; }, u"Strandline"},
+      {"none, plainly", [](int, VARIANT&, EXCEPINFO&) { return HRESULT{DISP_E_TYPEMISMATCH}; }, u"Strandline"},
+  };
+  for (const auto& c : cases) {
+    ::SetErrorInfo(0, nullptr);
+    ObjectPlan plan;
+    plan.members = {L"Name"};
+    plan.answer = c.answer;
+    plan.leavesErrorInfo = true;
+    EXPECT_EQ(Raised([&] { NewObject(plan).Get("Name"); }).source, c.source) << c.name;
   }
   ::SetErrorInfo(0, nullptr);
 }

@@ -154,10 +154,11 @@ TEST(RunTime, TheApplication_IsTheModule) {
 TEST(RunTime, AnError_IsAnObjectOfItsOwn) {
   Stage stage;
   const Object first = platform::RunTime().ErrorObject({errors::kOverflow, u"too much"});
-  const Object second = platform::RunTime().ErrorObject({errors::kOverflow, u"too much"});
+  const Object second = platform::RunTime().ErrorObject({errors::kOverflow, u"too much", u"Word"});
   EXPECT_EQ(first.Get("Number").ToLong(), errors::kOverflow);
   EXPECT_EQ(first.Get("Description").ToText(), u"too much");
   EXPECT_EQ(first.Get("Source").ToText(), u"Strandline");
+  EXPECT_EQ(second.Get("Source").ToText(), u"Word");
   EXPECT_NE(first.Identity(), second.Identity());
 }
 
