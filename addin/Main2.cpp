@@ -27,7 +27,7 @@ Main2::Main2() { Library::Enter(this); }
 
 void Main2::Initialize(Object& word, Object& properties, Object& productState, String& productName) {
   METHOD(void, u"Initialize", word, properties, productState, productName);
-  CommonLogger::OpenLog(CommonLogger::kOrdinary, productName, u"strandline", u"Morvane");
+  STEP(CommonLogger::OpenLog(CommonLogger::kOrdinary, productName, u"strandline", u"Morvane"));
   CommonWordInteractionFunctions::Initialize(word);
   CommonPropertyFunctions::properties(properties);
   ReleaseCallback();
@@ -107,9 +107,7 @@ void Main2::HandleCreateDocument(Boolean& startedFromIcon) {
       return;
     }
     // Equal counts mean that one entry no longer has its document: the new one isn't in the registry yet.
-    Long entries = 0;
-    STEP(entries = Required(mToolbars).Count());
-    CONDITION(equalCounts, entries == Documents().Get("count").ToLong());
+    CONDITION(equalCounts, Required(mToolbars).Count() == Documents().Get("count").ToLong());
     if (equalCounts) {
       CONDITION(noDocument, Documents().Get("count").ToLong() == 0);
       if (noDocument) {
@@ -195,10 +193,11 @@ void Main2::HandleDocumentChange() {
 // the window of doc, which serves only the save question.
 Boolean Main2::HandleCloseDocument(Object& doc) {
   METHOD(Boolean, u"HandleCloseDocument", doc);
+  Boolean cancel = false;
+  Boolean hasRibbon = false;
+  Long count = 0;
+  REPORTS(cancel, hasRibbon, count);
   {
-    Boolean cancel = false;
-    Boolean hasRibbon = false;
-    Long count = 0;
     ATTEMPT(markTemplate, Log(Joined(u"HandleCloseDocument for ", doc.Get("name").ToText())));
     ATTEMPT(markTemplate, cancel = CommonWordWindowFunctions::CancelCloseDueToSave(doc));
     if (cancel) return here.result = false;

@@ -73,7 +73,6 @@ class Main2 final : public ClassObject, private AdvertisementsCallbackStub::Sink
   Ref<Toolbar> Toolbars(Long hwnd);
   void mCallbackToMe_ValueChangedWithAds(const Array<Boolean>& ads, const String& value);
   void mCallbackToMe_DownloadedNewAds();
-  Boolean HasADocument(Frame& procedure, Long key, Boolean& found);  // a stretch of RemoveExtraneousToolbar
   std::vector<Long> RegisteredWindows() const;
   std::vector<Variant> RegisteredItems() const;
 

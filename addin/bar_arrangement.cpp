@@ -68,12 +68,15 @@ void Main2::ProductNameChanged() {
 
 void Main2::ProductNameChangedForWord2003AndEarlier(const String& productName) {
   METHOD(void, u"ProductNameChangedForWord2003AndEarlier", productName);
-  ToolbarUtilities::ProductNameChanged(productName);
+  Variant item;
   std::vector<Variant> items;
+  REPORTS(item);
+  ToolbarUtilities::ProductNameChanged(productName);
   STEP(New<Menu>()->ProductNameChanged(productName));
   ProcessEliteToolbar(false);
   STEP(items = RegisteredItems());
-  for (const Variant& item : items) {
+  for (const Variant& each : items) {
+    item = each;
     if (!item.IsEmpty()) STEP(Required(castToToolbar(item)).Redraw());
   }
 }
@@ -118,14 +121,15 @@ void Main2::ProcessEliteButtons(Boolean needsShrinking) {
   Object list;
   Object control;
   Integer count = 0;
-  REPORTS(list, control, count);
+  Integer i = 0;
+  REPORTS(list, control, count, i);
   Log(Joined(u"ProcessEliteButtons ", needsShrinking));
   STEP(list = ToolbarUtilities::CommandBar().Get("Controls").ToObject());
   if (needsShrinking) STEP(ShrinkDropDownMenu(list.Get("Item", kMenuControl).ToObject()));
   STEP(count = list.Get("count").ToInteger());
   // The counter is wider than the positions, so that it gets past the last of them whatever the count.
   for (Long number = kProductControl; number <= count; ++number) {
-    const auto i = static_cast<Integer>(number);
+    i = static_cast<Integer>(number);
     STEP(control = list.Get("Item", i).ToObject());
     if (needsShrinking) {
       STEP(control.Let("height", kSmallControl));
@@ -136,7 +140,10 @@ void Main2::ProcessEliteButtons(Boolean needsShrinking) {
   here.IgnoreErrors();
   if (needsShrinking) {
     STEP(count = list.Get("count").ToInteger());
-    for (Long i = kProductControl; i <= count; ++i) PaintEliteToolbarIcon(static_cast<Integer>(i));
+    for (Long number = kProductControl; number <= count; ++number) {
+      i = static_cast<Integer>(number);
+      PaintEliteToolbarIcon(i);
+    }
   } else {
     PaintEliteToolbarIcon(kProductControl);  // no other icon can have changed
   }
@@ -210,11 +217,16 @@ Boolean Main2::isOutlookDocument() {
 
 void Main2::RemoveAllToolbars() {
   METHOD(void, u"RemoveAllToolbars");
-  Log(u"RemoveAllToolbars");
+  Long key = 0;
   std::vector<Long> keys;
+  REPORTS(key);
+  Log(u"RemoveAllToolbars");
   if (mToolbars && !mSmallToolbar) {
     STEP(keys = RegisteredWindows());
-    for (const Long key : keys) RemoveToolbarImpl(key);
+    for (const Long each : keys) {
+      key = each;
+      RemoveToolbarImpl(key);
+    }
   }
 }
 

@@ -45,14 +45,16 @@ void Main2::EnableGotoQuickBookmark(Boolean& value) {
 // The product hears of every update, not only of a toggle.
 void Main2::UpdateLumivexIcon() {
   METHOD(void, u"UpdateLumivexIcon");
+  Variant item;
   Object control;
-  REPORTS(control);
+  REPORTS(item, control);
   const Object& productState = ToolbarUtilities::variables.productState;
   Log(u"UpdateLumivexIcon");
   if (!mSmallToolbar) {
     std::vector<Variant> items;
     STEP(items = RegisteredItems());
-    for (const Variant& item : items) {
+    for (const Variant& each : items) {
+      item = each;
       if (!item.IsEmpty()) STEP(Required(castToToolbar(item)).UpdateLumivexIcon());
     }
   } else if (CommonWordInteractionFunctions::isWord2007OrLater()) {
@@ -62,7 +64,7 @@ void Main2::UpdateLumivexIcon() {
     STEP(control.Let("tooltipText", ToolbarUtilities::lumivexCaption(false)));
     STEP(control.Let("state", productState.Get("lumivexEnabled").ToBoolean() ? kStateDown : kStateUp));
   }
-  mRibbonEvents_run(u"LumivexToggled");
+  STEP(mRibbonEvents_run(u"LumivexToggled"));
 }
 
 void Main2::ActivateQuillmereTab() {

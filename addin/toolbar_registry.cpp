@@ -56,44 +56,38 @@ void Main2::RemoveToolbarImpl(Long hwnd) {
 
 void Main2::RemoveExtraneousToolbar() {
   METHOD(void, u"RemoveExtraneousToolbar");
-  Long key = 0;
+  Integer i = 0;
   Integer last = 0;
-  REPORTS(key, last);
+  Long key = 0;
+  Object doc;
+  Boolean found = false;
+  REPORTS(i, last, key, doc, found);
   Log(u"RemoveExtraneousToolbar", CommonLogger::kFailure);
   if (mSmallToolbar) return;
   STEP(last = ToInteger(Required(mToolbars).Count() - 1));
-  for (Integer i = 0; i <= last; ++i) {
+  for (i = 0; i <= last; ++i) {
     STEP(key = Required(mToolbars).KeyAt(i).ToLong());
-    Boolean found = false;
-    RUN(HasADocument(here, key, found));
+    found = false;
+    Walk walk;
+    CONDITION(more, walk.First(Documents(), doc));
+    while (more && !found) {
+      CONDITION(isItsDocument, Required(Toolbars(key)).isDocument(doc));
+      if (isItsDocument) found = true;
+      more = false;
+      if (!found) STEP(more = walk.Next(doc));
+    }
     if (found) continue;
     RemoveToolbarImpl(key);
     return;
   }
 }
 
-Boolean Main2::HasADocument(Frame& procedure, Long key, Boolean& found) {
-  STRETCH(procedure);
-  Object doc;
-  Walk walk;
-  CONDITION(more, walk.First(Documents(), doc));
-  while (more) {
-    CONDITION(isItsDocument, Required(Toolbars(key)).isDocument(doc));
-    if (isItsDocument) {
-      found = true;
-      return here.Done();
-    }
-    more = false;
-    STEP(more = walk.Next(doc));
-  }
-  return here.Done();
-}
-
 // Concerns the step between no document and one document only.
 void Main2::ToggleToolbarForNoDocuments(Boolean enabled) {
   METHOD(void, u"ToggleToolbarForNoDocuments", enabled);
   Integer count = 0;
-  REPORTS(count, sEnabled);
+  Integer i = 0;
+  REPORTS(sEnabled, count, i);
   CONDITION(several, Documents().Get("count").ToLong() > 1);
   if (several) return;
   if (enabled == sEnabled) return;
@@ -104,7 +98,7 @@ void Main2::ToggleToolbarForNoDocuments(Boolean enabled) {
   STEP(count = ToolbarUtilities::CommandBar().Get("Controls").ToObject().Get("count").ToInteger());
   // The counter is wider than the positions, so that it gets past the last of them whatever the count.
   for (Long number = 1; number <= count; ++number) {
-    const auto i = static_cast<Integer>(number);
+    i = static_cast<Integer>(number);
     STEP(const Object control = ToolbarUtilities::CommandBar().Get("Controls").ToObject().Get("Item", i).ToObject();
          control.Let("Enabled", enabled || ToolbarUtilities::EnableList(i)));
   }
@@ -113,13 +107,18 @@ void Main2::ToggleToolbarForNoDocuments(Boolean enabled) {
 // All keys go: at this moment the last document's toolbar is the only entry that should stand.
 void Main2::RemoveLastToolbar() {
   METHOD(void, u"RemoveLastToolbar");
+  Long key = 0;
   std::vector<Long> keys;
+  REPORTS(key);
   if (!mMoveToolbarFlag) return;
   mMoveToolbarFlag = false;
   Log(u"RemoveLastToolbar");
   if (mToolbars) {
     STEP(keys = RegisteredWindows());
-    for (const Long key : keys) RemoveToolbarImpl(key);
+    for (const Long each : keys) {
+      key = each;
+      RemoveToolbarImpl(key);
+    }
   }
 }
 
@@ -145,16 +144,24 @@ void Main2::RemoveActiveToolbarEntry(Boolean keepLastDocument) {
 
 void Main2::mCallbackToMe_ValueChangedWithAds(const Array<Boolean>& ads, const String& value) {
   METHOD(void, u"mCallbackToMe_ValueChangedWithAds", ads, value);
+  Long key = 0;
   std::vector<Long> keys;
+  REPORTS(key);
   STEP(Required(mToolbars); keys = RegisteredWindows());
-  for (const Long key : keys) STEP(Required(Toolbars(key)).ValueChanged(ads, value));
+  for (const Long each : keys) {
+    key = each;
+    STEP(Required(Toolbars(key)).ValueChanged(ads, value));
+  }
 }
 
 void Main2::mCallbackToMe_DownloadedNewAds() {
   METHOD(void, u"mCallbackToMe_DownloadedNewAds");
+  Variant item;
   std::vector<Variant> items;
+  REPORTS(item);
   STEP(Required(mToolbars); items = RegisteredItems());
-  for (const Variant& item : items) {
+  for (const Variant& each : items) {
+    item = each;
     if (!item.IsEmpty()) STEP(Required(castToToolbar(item)).ReprimeTimerCycle());
   }
 }

@@ -74,7 +74,7 @@ void Main2::UseQuillmere() {
   METHOD(void, u"UseQuillmere");
   if (!CommonWordInteractionFunctions::isWord2007OrLater()) return;
   ActivateQuillmereTab();
-  CommonPropertyFunctions::ExecuteQLMCommand(u"InsertReference");
+  STEP(CommonPropertyFunctions::ExecuteQLMCommand(u"InsertReference"));
 }
 
 // A window without a toolbar is an error of Toolbars alone: nothing is clicked.

@@ -28,7 +28,7 @@ void TimerExpired(Long hwnd, Long uint1, Long nEventId, Long dwParam) {
   PROCEDURE(void, u"TimerExpired", hwnd, uint1, nEventId, dwParam);
   if (!variables.mMessageLoop) return;
   STEP(platform::Windows().KillTimer(hwnd, nEventId));
-  variables.mMessageLoop->ExitBlockingLoop();
+  STEP(Required(variables.mMessageLoop).ExitBlockingLoop());
   variables.mMessageLoop = nullptr;
 }
 

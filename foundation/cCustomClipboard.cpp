@@ -49,8 +49,8 @@ void Append(Array<T>& values, const T& value) {
 
 void cCustomClipboard::Class_Initialize() {
   METHOD(void, u"Class_Initialize");
-  m_RichTextId = AddFormat(u"Rich Text Format");
-  m_HTMLId = AddFormat(u"HTML Format");
+  STEP(m_RichTextId = AddFormat(u"Rich Text Format"));
+  STEP(m_HTMLId = AddFormat(u"HTML Format"));
 }
 
 void cCustomClipboard::Terminated() {

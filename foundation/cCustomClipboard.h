@@ -91,7 +91,6 @@ class cCustomClipboard final : public ClassObject {
 
   void pbNotReady();
   void setlFormatId(Long& lFormatId);
-  static Boolean FoldDown(Frame& procedure, Array<Byte>& bData, Long& i, Long& j);
 
   Array<Long> m_lId;      // from 1
   Array<String> m_sName;  // likewise

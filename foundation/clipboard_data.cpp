@@ -154,6 +154,9 @@ Boolean cCustomClipboard::SetClipboardMemoryHandle(Long& lFormatId, Long hMem) {
 
 // ---- Texts.
 
+// Bytes are read from `i` on and written from `j` on, in place: characters in UTF-8 become single bytes. A lead that
+// isn't followed by what it announces is passed over, and what stands at its place stays there; bytes that end amid a
+// mark of punctuation raise 9, and a byte that its change takes out of its range raises 6.
 Boolean cCustomClipboard::GetTextData(String& sTextOut, Long& lFormatId) {
   METHOD(Boolean, u"GetTextData", sTextOut, lFormatId);
   Array<Byte> bData;
@@ -172,18 +175,6 @@ Boolean cCustomClipboard::GetTextData(String& sTextOut, Long& lFormatId) {
     return here.result = true;
   }
   if (!GetBinaryData(lFormatId, bData)) return here.Leave();
-  RUN(FoldDown(here, bData, i, j));
-  if (i != j) STEP(bData = First(bData, j));
-  STEP(sTextOut = platform::RunTime().TextFromBytes(bData));
-  STEP(sTextOut = Without(sTextOut, kLeftover));
-  return here.result = true;
-}
-
-// Characters in UTF-8 become single bytes, in place, from `i` on read to `j` on written. A lead that isn't followed by
-// what it announces is passed over, and what stands at its place stays there; bytes that end amid a mark of punctuation
-// raise 9, and a byte that its change takes out of its range raises 6.
-Boolean cCustomClipboard::FoldDown(Frame& procedure, Array<Byte>& bData, Long& i, Long& j) {
-  STRETCH(procedure);
   const Long last = bData.Upper();
   while (i <= last) {
     const Byte byte = bData(i);
@@ -207,7 +198,10 @@ Boolean cCustomClipboard::FoldDown(Frame& procedure, Array<Byte>& bData, Long& i
     ++i;
     ++j;
   }
-  return here.Done();
+  if (i != j) STEP(bData = First(bData, j));
+  STEP(sTextOut = platform::RunTime().TextFromBytes(bData));
+  STEP(sTextOut = Without(sTextOut, kLeftover));
+  return here.result = true;
 }
 
 Boolean cCustomClipboard::SetTextData(Long& lFormatId, const String& sText) {
@@ -228,7 +222,7 @@ Boolean cCustomClipboard::GetFileList(Array<String>& sFiles, Long& iFileCount) {
   Long hDrop = 0;
   Long i = 0;
   String unused;
-  REPORTS(hDrop, i);
+  REPORTS(lFormatId, hDrop, i);
   sFiles.Erase();
   iFileCount = 0;
   hDrop = GetClipboardMemoryHandle(lFormatId);
@@ -243,9 +237,9 @@ Boolean cCustomClipboard::GetFileList(Array<String>& sFiles, Long& iFileCount) {
 Boolean cCustomClipboard::SetFileList(const Array<String>& sFiles) {
   METHOD(Boolean, u"SetFileList", sFiles);
   Long lFormatId = kDropList;
-  std::u16string names;
   Array<Byte> bData;
-  REPORTS(bData);
+  std::u16string names;
+  REPORTS(lFormatId, bData);
   STEP(names = DropNames(sFiles));
   if (names.empty()) return here.Leave();
   STEP(bData = DropFiles(names));
