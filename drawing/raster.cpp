@@ -13,52 +13,6 @@ namespace {
 constexpr ModuleFile kModule{&kModuleInfo, 2000};
 constexpr Long kMenuColor = 4;
 
-// A memory context with a bitmap of its own, both of which go with it, and the old bitmap back in place before.
-class Surface {
- public:
-  Surface(Graphics& graphics, Long hdc, Long bitmap)
-      : mGraphics(graphics), mHdc(hdc), mBitmap(bitmap), mOld(graphics.SelectObject(hdc, bitmap)) {}
-  Surface(const Surface&) = delete;
-  Surface& operator=(const Surface&) = delete;
-  void PutBack() { mGraphics.SelectObject(mHdc, mOld); }
-  void DeleteBitmap() { mGraphics.DeleteObject(mBitmap); }
-  void DeleteContext() { mGraphics.DeleteDC(mHdc); }
-  Long Hdc() const { return mHdc; }
-
- private:
-  Graphics& mGraphics;
-  Long mHdc;
-  Long mBitmap;
-  Long mOld;
-};
-
-// The copy in elementary steps: the mask of what is transparent cuts a hole into a copy of the target, its inverse cuts
-// the rest away from a copy of the source, and the two halves are joined.
-void ComposeByMasks(Long dstDC, Integer dstx, Integer dsty, Integer cx, Integer cy, Long srcDC, Long left, Long top) {
-  Graphics& g = platform::Graphics();
-  // In braces each context is made before its bitmap, whichever compiler it is.
-  Surface monoMask{g, g.CreateCompatibleDC(dstDC), g.CreateBitmap(cx, cy, 1, 1)};
-  Surface monoInv{g, g.CreateCompatibleDC(dstDC), g.CreateBitmap(cx, cy, 1, 1)};
-  Surface resultDst{g, g.CreateCompatibleDC(dstDC), g.CreateCompatibleBitmap(dstDC, cx, cy)};
-  Surface resultSrc{g, g.CreateCompatibleDC(dstDC), g.CreateCompatibleBitmap(dstDC, cx, cy)};
-
-  const Long oldColor = g.SetBkColor(srcDC, kColorKey);
-  g.BitBlt(monoMask.Hdc(), 0, 0, cx, cy, srcDC, left, top, rop::kSrcCopy);
-  g.SetBkColor(srcDC, oldColor);
-  g.BitBlt(monoInv.Hdc(), 0, 0, cx, cy, monoMask.Hdc(), 0, 0, rop::kNotSrcCopy);
-  g.BitBlt(resultDst.Hdc(), 0, 0, cx, cy, dstDC, dstx, dsty, rop::kSrcCopy);
-  g.BitBlt(resultDst.Hdc(), 0, 0, cx, cy, monoMask.Hdc(), 0, 0, rop::kSrcAnd);
-  g.BitBlt(resultSrc.Hdc(), 0, 0, cx, cy, srcDC, left, top, rop::kSrcCopy);
-  g.BitBlt(resultSrc.Hdc(), 0, 0, cx, cy, monoInv.Hdc(), 0, 0, rop::kSrcAnd);
-  g.BitBlt(resultDst.Hdc(), 0, 0, cx, cy, resultSrc.Hdc(), 0, 0, rop::kSrcInvert);
-  g.BitBlt(dstDC, dstx, dsty, cx, cy, resultDst.Hdc(), 0, 0, rop::kSrcCopy);
-
-  Surface* const surfaces[] = {&monoMask, &monoInv, &resultDst, &resultSrc};
-  for (Surface* surface : surfaces) surface->PutBack();
-  for (Surface* surface : surfaces) surface->DeleteBitmap();
-  for (Surface* surface : surfaces) surface->DeleteContext();
-}
-
 }  // namespace
 
 Long HM2PixX(Long value) {
@@ -121,13 +75,21 @@ Picture ReplaceBackgroundWithMenuColor(const Picture& src) {
   return here.Leave();
 }
 
+// In elementary steps: the mask of what is transparent cuts a hole into a copy of the target, the inverse mask cuts the
+// rest away from a copy of the source, and the two halves are joined.
 void TransparentBlt(Long dstDC, Integer dstx, Integer dsty, Integer width, Integer height, Long srcDC, Integer srcX,
                     Integer srcY) {
   PROCEDURE(void, u"TransparentBlt", dstDC, dstx, dsty, width, height, srcDC, srcX, srcY);
+  Graphics& graphics = platform::Graphics();
   Rect source;
-  Integer cx = 0;
-  Integer cy = 0;
-  REPORTS(source, cx, cy);
+  Integer cx = 0, cy = 0;
+  Long monoMaskDC = 0, hMonoMask = 0, oldMonoMask = 0;
+  Long MonoInvDC = 0, hMonoInv = 0, oldMonoInv = 0;
+  Long ResultDstDC = 0, hResultDst = 0, oldResultDst = 0;
+  Long ResultSrcDC = 0, hResultSrc = 0, oldResultSrc = 0;
+  Long oldColor = 0;
+  REPORTS(source, cx, cy, monoMaskDC, hMonoMask, oldMonoMask, MonoInvDC, hMonoInv, oldMonoInv, ResultDstDC, hResultDst,
+          oldResultDst, ResultSrcDC, hResultSrc, oldResultSrc, oldColor);
   source.left = srcX;
   source.top = srcY;
   STEP(source.right = ToInteger(srcX + width - 1));
@@ -135,8 +97,38 @@ void TransparentBlt(Long dstDC, Integer dstx, Integer dsty, Integer width, Integ
   STEP(cx = ToInteger(source.right - source.left + 1));
   STEP(cy = ToInteger(source.bottom - source.top + 1));
   // Pixel for pixel the same, in one pass, where the back-end has it.
-  if (platform::Graphics().ColorKeyBlt(dstDC, dstx, dsty, cx, cy, srcDC, source.left, source.top, kColorKey)) return;
-  ComposeByMasks(dstDC, dstx, dsty, cx, cy, srcDC, source.left, source.top);
+  if (graphics.ColorKeyBlt(dstDC, dstx, dsty, cx, cy, srcDC, source.left, source.top, kColorKey)) return;
+
+  monoMaskDC = graphics.CreateCompatibleDC(dstDC);
+  hMonoMask = graphics.CreateBitmap(cx, cy, 1, 1);
+  oldMonoMask = graphics.SelectObject(monoMaskDC, hMonoMask);
+  MonoInvDC = graphics.CreateCompatibleDC(dstDC);
+  hMonoInv = graphics.CreateBitmap(cx, cy, 1, 1);
+  oldMonoInv = graphics.SelectObject(MonoInvDC, hMonoInv);
+  ResultDstDC = graphics.CreateCompatibleDC(dstDC);
+  hResultDst = graphics.CreateCompatibleBitmap(dstDC, cx, cy);
+  oldResultDst = graphics.SelectObject(ResultDstDC, hResultDst);
+  ResultSrcDC = graphics.CreateCompatibleDC(dstDC);
+  hResultSrc = graphics.CreateCompatibleBitmap(dstDC, cx, cy);
+  oldResultSrc = graphics.SelectObject(ResultSrcDC, hResultSrc);
+
+  oldColor = graphics.SetBkColor(srcDC, kColorKey);
+  graphics.BitBlt(monoMaskDC, 0, 0, cx, cy, srcDC, source.left, source.top, rop::kSrcCopy);
+  graphics.SetBkColor(srcDC, oldColor);
+  graphics.BitBlt(MonoInvDC, 0, 0, cx, cy, monoMaskDC, 0, 0, rop::kNotSrcCopy);
+  graphics.BitBlt(ResultDstDC, 0, 0, cx, cy, dstDC, dstx, dsty, rop::kSrcCopy);
+  graphics.BitBlt(ResultDstDC, 0, 0, cx, cy, monoMaskDC, 0, 0, rop::kSrcAnd);
+  graphics.BitBlt(ResultSrcDC, 0, 0, cx, cy, srcDC, source.left, source.top, rop::kSrcCopy);
+  graphics.BitBlt(ResultSrcDC, 0, 0, cx, cy, MonoInvDC, 0, 0, rop::kSrcAnd);
+  graphics.BitBlt(ResultDstDC, 0, 0, cx, cy, ResultSrcDC, 0, 0, rop::kSrcInvert);
+  graphics.BitBlt(dstDC, dstx, dsty, cx, cy, ResultDstDC, 0, 0, rop::kSrcCopy);
+
+  graphics.SelectObject(monoMaskDC, oldMonoMask);
+  graphics.SelectObject(MonoInvDC, oldMonoInv);
+  graphics.SelectObject(ResultDstDC, oldResultDst);
+  graphics.SelectObject(ResultSrcDC, oldResultSrc);
+  for (const Long bitmap : {hMonoMask, hMonoInv, hResultDst, hResultSrc}) graphics.DeleteObject(bitmap);
+  for (const Long hdc : {monoMaskDC, MonoInvDC, ResultDstDC, ResultSrcDC}) graphics.DeleteDC(hdc);
 }
 
 Long cachedBuffer(Long width, Long height, Long handle) {
