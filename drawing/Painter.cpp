@@ -32,10 +32,11 @@ Boolean Painter::NeedRepaint(Long activeDocHwnd, Long hWnd) {
   return here.result = width != mWidth || height != mHeight;
 }
 
-// Only the capture's first step releases anything: the other contexts are overwritten, and what an earlier Initialize
-// put there is let go. Every toolbar does this once or twice in its life.
+// Only the first step of a capture from the screen releases anything: the other contexts are overwritten, and what an
+// earlier Initialize put there is let go. Every toolbar does this once or twice in its life.
 void Painter::Initialize(Long activeDocHwnd, Long hWnd, Long hdc) {
   METHOD(void, u"Initialize", activeDocHwnd, hWnd, hdc);
+  Graphics& graphics = platform::Graphics();
   Long buffer = 0;
   Long oldHandle = 0;
   REPORTS(buffer, oldHandle);
@@ -43,9 +44,20 @@ void Painter::Initialize(Long activeDocHwnd, Long hWnd, Long hdc) {
   GetWindowExtents(hWnd, mWidth, mHeight);
   mUpdateAll = true;
   buffer = ToolbarUtilities::cachedBuffer(mWidth, mHeight, 0);
+  if (buffer == 0 && CommonWordInteractionFunctions::isWord2002OrEarlier()) {
+    // The window's own pixels are the only clean background that these versions give, so nothing may cover the window
+    // meanwhile. The paint comes back through the hook, to contexts that are new and still 1 by 1; what the paint
+    // leaves on the window is captured.
+    backbuffer(graphics.CreateCompatibleDC(hdc));
+    mBackground = graphics.CreateCompatibleDC(hdc);
+    CommonWordWindowFunctions::ForceForegroundWindow(activeDocHwnd);
+    platform::Windows().SendMessageA(hWnd, wm::kPaint, 0, 0);
+    mBackbufferOldHandle = graphics.SelectObject(backbuffer(), graphics.CreateCompatibleBitmap(hdc, mWidth, mHeight));
+    mBackgroundOldHandle = graphics.SelectObject(mBackground, graphics.CreateCompatibleBitmap(hdc, mWidth, mHeight));
+    graphics.BitBlt(mBackbuffer, 0, 0, mWidth, mHeight, hdc, 0, 0, rop::kSrcCopy);
+    graphics.BitBlt(mBackground, 0, 0, mWidth, mHeight, hdc, 0, 0, rop::kSrcCopy);
+  }
   if (buffer == 0) {
-    const Boolean fromScreen = CommonWordInteractionFunctions::isWord2002OrEarlier();
-    if (fromScreen) CaptureFromScreen(activeDocHwnd, hWnd, hdc);
     oldHandle = CopyDC(buffer, hdc);
     if (CommonWordInteractionFunctions::isWord2002OrEarlier()) {
       ToolbarUtilities::cachedBuffer(mWidth, mHeight, oldHandle, buffer);
@@ -58,21 +70,6 @@ void Painter::Initialize(Long activeDocHwnd, Long hWnd, Long hdc) {
   mBackbufferOldHandle = CopyDC(mBackbuffer, buffer);
   mBackgroundOldHandle = CopyDC(mBackground, buffer);
   mHdc = backbuffer();
-}
-
-// The window's own pixels are the only clean background that these versions give, so nothing may cover it meanwhile.
-// The paint comes back through the hook, to contexts that are new and still 1 by 1; what it leaves on the window is
-// captured.
-void Painter::CaptureFromScreen(Long activeDocHwnd, Long hWnd, Long hdc) {
-  Graphics& graphics = platform::Graphics();
-  backbuffer(graphics.CreateCompatibleDC(hdc));
-  mBackground = graphics.CreateCompatibleDC(hdc);
-  CommonWordWindowFunctions::ForceForegroundWindow(activeDocHwnd);
-  platform::Windows().SendMessageA(hWnd, wm::kPaint, 0, 0);
-  mBackbufferOldHandle = graphics.SelectObject(backbuffer(), graphics.CreateCompatibleBitmap(hdc, mWidth, mHeight));
-  mBackgroundOldHandle = graphics.SelectObject(mBackground, graphics.CreateCompatibleBitmap(hdc, mWidth, mHeight));
-  graphics.BitBlt(mBackbuffer, 0, 0, mWidth, mHeight, hdc, 0, 0, rop::kSrcCopy);
-  graphics.BitBlt(mBackground, 0, 0, mWidth, mHeight, hdc, 0, 0, rop::kSrcCopy);
 }
 
 Long Painter::CopyDC(Long& destDC, Long srcDC) {
@@ -96,20 +93,22 @@ Long Painter::backbuffer() {
 
 void Painter::backbuffer(Long hdc) {
   METHOD(void, u"backbuffer[Let]", hdc);
-  if (mBackbuffer != 0) FreeContext(mBackbuffer, mBackbufferOldHandle);
+  Graphics& graphics = platform::Graphics();
+  if (mBackbuffer != 0) {
+    graphics.DeleteObject(graphics.SelectObject(mBackbuffer, mBackbufferOldHandle));
+    graphics.DeleteDC(mBackbuffer);
+  }
   mBackbuffer = hdc;
 }
 
 void Painter::background(Long hdc) {
   METHOD(void, u"background[Let]", hdc);
-  if (mBackground != 0) FreeContext(mBackground, mBackgroundOldHandle);
-  mBackground = hdc;
-}
-
-void Painter::FreeContext(Long hdc, Long oldHandle) {
   Graphics& graphics = platform::Graphics();
-  graphics.DeleteObject(graphics.SelectObject(hdc, oldHandle));
-  graphics.DeleteDC(hdc);
+  if (mBackground != 0) {
+    graphics.DeleteObject(graphics.SelectObject(mBackground, mBackgroundOldHandle));
+    graphics.DeleteDC(mBackground);
+  }
+  mBackground = hdc;
 }
 
 void Painter::BltBuffer(Long destHdc, Boolean forceUpdate) {

@@ -57,8 +57,6 @@ class Painter final : public ClassObject {
 
  private:
   void Terminated() override;
-  void CaptureFromScreen(Long activeDocHwnd, Long hWnd, Long hdc);
-  void FreeContext(Long hdc, Long oldHandle);
 
   Long mWidth = 0;
   Long mHeight = 0;
