@@ -56,7 +56,7 @@ Long IPictureDispUtilities::HM2PixY(Long value) {
 Picture IPictureDispUtilities::hBmpToIPictureDisp(Long hBmp) {
   METHOD(Picture, u"hBmpToIPictureDisp", hBmp);
   Picture oNewPic;
-  REPORTS(oNewPic, tPicConv, IGuid);
+  REPORTS(oNewPic);
   if (hBmp == 0) return here.Leave();
   tPicConv.hImage = hBmp;
   platform::Pictures().OleCreatePictureIndirect(tPicConv, IGuid, true, oNewPic);
@@ -70,15 +70,16 @@ Long IPictureDispUtilities::IPictureDispToHdc(const Picture& picture) {
   Long height = 0;
   Long desktop = 0;
   Long desktopHdc = 0;
-  REPORTS(width, height, desktop, desktopHdc);
+  Long bitmap = 0;
+  REPORTS(width, height, desktop, desktopHdc, bitmap);
   mCalledAlready = true;
   STEP(width = HM2PixX(Required(picture).Width()));
   STEP(height = HM2PixY(Required(picture).Height()));
   desktop = platform::Windows().GetDesktopWindow();
   desktopHdc = graphics.GetDC(desktop);
   mIPictureDispHdc = graphics.CreateCompatibleDC(desktopHdc);
-  const Long placeholder = graphics.CreateCompatibleBitmap(desktopHdc, width, height);
-  graphics.SelectObject(mIPictureDispHdc, placeholder);
+  bitmap = graphics.CreateCompatibleBitmap(desktopHdc, width, height);
+  graphics.SelectObject(mIPictureDispHdc, bitmap);
   STEP(mOldBmpHandle = graphics.SelectObject(mIPictureDispHdc, Required(picture).Handle()));
   graphics.ReleaseDC(desktop, desktopHdc);
   return here.result = mIPictureDispHdc;
@@ -146,45 +147,45 @@ void IPictureDispUtilities::CreateMask(Long dstDC, Integer width, Integer height
 
 Long IPictureDispUtilities::MakeRegion(const Picture& picture, Long transparentColor) {
   METHOD(Long, u"MakeRegion", picture, transparentColor);
+  Graphics& graphics = platform::Graphics();
   Long hdc = 0;
   Long PicWidth = 0;
   Long PicHeight = 0;
-  Long StartLineX = 0;
-  Long FullRegion = 0;
-  Boolean InFirstRegion = true;
-  Boolean InLine = false;
   Long x = 0;
   Long y = 0;
-  REPORTS(hdc, PicWidth, PicHeight, StartLineX, FullRegion, InFirstRegion, InLine, x, y);
+  Long pixel = 0;
+  Long StartLineX = 0;
+  Long FullRegion = 0;
+  Long LineRegion = 0;
+  Boolean InFirstRegion = false;
+  Boolean InLine = false;
+  REPORTS(hdc, PicWidth, PicHeight, x, y, pixel, StartLineX, FullRegion, LineRegion, InFirstRegion, InLine);
   hdc = IPictureDispToHdc(picture);
   STEP(PicWidth = HM2PixX(Required(picture).Width()));
   STEP(PicHeight = HM2PixY(Required(picture).Height()));
+  InFirstRegion = true;
+  InLine = false;
   for (y = 0; y < PicHeight; ++y) {
     for (x = 0; x < PicWidth; ++x) {
-      const Boolean transparent = platform::Graphics().GetPixel(hdc, x, y) == transparentColor;
-      if (!transparent && !InLine) {
+      pixel = graphics.GetPixel(hdc, x, y);
+      if (pixel != transparentColor && !InLine) {
         InLine = true;
         StartLineX = x;
-      } else if (transparent && InLine) {
+      } else if (pixel == transparentColor && InLine) {
         InLine = false;
-        AddLine(FullRegion, InFirstRegion, {StartLineX, y, x, y + 1});
+        LineRegion = graphics.CreateRectRgn(StartLineX, y, x, y + 1);
+        if (InFirstRegion) {
+          FullRegion = LineRegion;
+          InFirstRegion = false;
+        } else {
+          graphics.CombineRgn(FullRegion, FullRegion, LineRegion, kRgnOr);
+          graphics.DeleteObject(LineRegion);
+        }
       }
     }
   }
   CleanupIPictureDispToHdc();
   return here.result = FullRegion;
-}
-
-void IPictureDispUtilities::AddLine(Long& FullRegion, Boolean& InFirstRegion, const Rect& line) {
-  Graphics& graphics = platform::Graphics();
-  const Long LineRegion = graphics.CreateRectRgn(line.left, line.top, line.right, line.bottom);
-  if (InFirstRegion) {
-    FullRegion = LineRegion;
-    InFirstRegion = false;
-    return;
-  }
-  graphics.CombineRgn(FullRegion, FullRegion, LineRegion, kRgnOr);
-  graphics.DeleteObject(LineRegion);
 }
 
 void IPictureDispUtilities::ReportVariables(Reporter& to) const {

@@ -32,7 +32,6 @@ class IPictureDispUtilities final : public ClassObject {
   void Class_Initialize();
   void initializeConversionStructs();
   void CreateMask(Long dstDC, Integer width, Integer height, Long srcDC);
-  void AddLine(Long& FullRegion, Boolean& InFirstRegion, const Rect& line);
   Long HM2PixX(Long value);
   Long HM2PixY(Long value);
 
