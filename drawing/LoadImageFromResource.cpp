@@ -3,6 +3,7 @@
 #include <cstring>
 
 #include "foundation/LanguageExtensions.h"
+#include "platform/convert.h"
 #include "platform/platform.h"
 
 namespace strandline::LoadImageFromResource {
@@ -16,54 +17,54 @@ const String kImageType = u"CUSTOM";
 const String kIPictureId = u"{7BF80980-BF32-101A-8BBB-00AA00300CAB}";
 constexpr Long kMovable = 2;
 
-// A movable block that holds the bytes, the caller's; 0 when there was none to be had.
-Long CopyToGlobalMemory(const Array<Byte>& bytes) {
-  Pictures& pictures = platform::Pictures();
-  const auto& elements = bytes.Elements();
-  const Long memory = pictures.GlobalAlloc(kMovable, static_cast<Long>(elements.size()));
-  if (memory == 0) return 0;
-  Byte* const target = pictures.GlobalLock(memory);
-  if (!target) {
-    pictures.GlobalFree(memory);
-    return 0;
+// Tells the observer of a load on every way out of it.
+struct Telling {
+  Integer index;
+  Long hModule;
+  Boolean ok = false;
+  ~Telling() {
+    if (observer) observer->OnPicture(index, hModule, ok);
   }
-  if (!elements.empty()) std::memcpy(target, elements.data(), elements.size());
-  pictures.GlobalUnlock(memory);
-  return memory;
-}
-
-// The memory goes with its stream, once, whatever becomes of the picture.
-Picture Decode(Long memory, Long size) {
-  Pictures& pictures = platform::Pictures();
-  Ref<Stream> stream;
-  Guid id;
-  Picture picture;
-  if (pictures.CreateStreamOnHGlobal(memory, true, stream) != 0) {
-    pictures.GlobalFree(memory);
-    return nullptr;
-  }
-  if (pictures.CLSIDFromString(kIPictureId, id) != 0) return nullptr;
-  return pictures.OleLoadPicture(stream, size, false, id, picture) == 0 ? picture : nullptr;
-}
+};
 
 }  // namespace
 
+// The stream owns the memory once it is made: letting the stream go frees the memory, whatever becomes of the picture.
 Picture LoadResGifJpgBmp(Integer index, Long hModule) {
   PROCEDURE(Picture, u"LoadResGifJpgBmp", index, hModule);
+  Pictures& pictures = platform::Pictures();
   Array<Byte> bArr;
+  Long size = 0;
   Long memory = 0;
-  REPORTS(bArr, memory);
+  Ref<Stream> stream;
+  Guid id;
+  Picture picture;
+  REPORTS(bArr, size, memory, stream, id, picture);
+  Telling told{index, hModule};
   if (hModule == 0) {
-    platform::Modules().LoadResData(index, kImageType, bArr);
+    STEP(platform::Modules().LoadResData(index, kImageType, bArr));
   } else {
     LoadResDataFromModule(hModule, index, bArr);
   }
-  if (!LanguageExtensions::isEmptyArrayByte(bArr)) {
-    memory = CopyToGlobalMemory(bArr);
-    if (memory != 0) here.result = Decode(memory, static_cast<Long>(bArr.Elements().size()));
+  if (LanguageExtensions::isEmptyArrayByte(bArr)) return here.Leave();
+  STEP(size = ToLong(std::int64_t{bArr.Upper()} - bArr.Lower() + 1));
+  memory = pictures.GlobalAlloc(kMovable, size);
+  if (memory == 0) return here.Leave();
+  Byte* const target = pictures.GlobalLock(memory);
+  if (!target) {
+    pictures.GlobalFree(memory);
+    return here.Leave();
   }
-  if (observer) observer->OnPicture(index, hModule, static_cast<bool>(here.result));
-  return here.Leave();
+  if (size > 0) std::memcpy(target, bArr.Data(), static_cast<std::size_t>(size));
+  pictures.GlobalUnlock(memory);
+  if (pictures.CreateStreamOnHGlobal(memory, true, stream) != 0) {
+    pictures.GlobalFree(memory);
+    return here.Leave();
+  }
+  if (pictures.CLSIDFromString(kIPictureId, id) != 0) return here.Leave();
+  if (pictures.OleLoadPicture(stream, size, false, id, picture) != 0) return here.Leave();
+  told.ok = true;
+  return here.result = picture;
 }
 
 void LoadResDataFromModule(Long hModule, Integer index, Array<Byte>& bArr) {

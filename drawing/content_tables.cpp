@@ -153,10 +153,14 @@ String pasteCaption(Boolean isMenuItem) {
 // The caption names the action, not the state.
 String lumivexCaption(Boolean isMenuItem) {
   PROCEDURE(String, u"lumivexCaption", isMenuItem);
-  String action = u"on";
+  String action;
   REPORTS(action);
   CONDITION(isOn, variables.productState.Get("lumivexEnabled").ToBoolean());
-  if (isOn) action = u"off";
+  if (isOn) {
+    STEP(action = u"off");
+  } else {
+    STEP(action = u"on");
+  }
   if (isMenuItem) {
     STEP(here.result = Concat({u"&Turn ", action, u" Lumivex"}));
   } else {
@@ -169,9 +173,9 @@ String lumivexCaption(Boolean isMenuItem) {
 
 Variant capitalize(const String& text) {
   PROCEDURE(Variant, u"capitalize", text);
-  std::u16string raised(text.View());
-  if (!raised.empty()) raised[0] = UpperCase(raised[0]);
-  STEP(here.result = String(raised));
+  if (text.IsEmpty()) return here.result = text;
+  const char16_t first = UpperCase(text.View().front());
+  STEP(here.result = Concat({TextView(&first, 1), text.View().substr(1)}));
   return here.Leave();
 }
 
