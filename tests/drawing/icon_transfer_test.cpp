@@ -2,7 +2,9 @@
 // has to survive.
 
 #include "foundation/LanguageExtensions.h"
+#include "foundation/cCustomClipboard.h"
 #include "tests/drawing/drawing_fixture.h"
+#include "tests/support/allocations.h"
 #include "wordsim/command_bars.h"
 #include "wordsim/document.h"
 
@@ -199,6 +201,28 @@ TEST_F(IconTransfer, FailingMask_StaysOnTheDirectRoute) {
   EXPECT_EQ(Steps(), "let Picture\nlet Mask\n");
   EXPECT_FALSE(Control().HasMask());
   EXPECT_EQ(Listed(TakeErrors()), "6 IPictureDispUtilities.CreateIPictureDispMask\n");
+}
+
+// The clipboard's object is made before errors are passed over.
+TEST_F(IconTransfer, NoMemoryForTheClipboardsObject_IsReportedAndEndsTheRoute) {
+  Begin(kWord2000);
+  FailNextAllocationOf(sizeof(cCustomClipboard));
+  Transfer();
+  FailNextAllocationOf(0);
+  EXPECT_EQ(Steps(), "");
+  EXPECT_EQ(Listed(TakeErrors()), "7 ToolbarUtilities.SetButtonIcon\n");
+}
+
+// From its opening on they are, whatever is missing.
+TEST_F(IconTransfer, NoMemoryForTheClipboardsObject_Ignored_IsTheOnlyErrorAndTheFaceIsPasted) {
+  Begin(kWord2000);
+  floor->errors.Answer({vbwProtector::kIgnore});
+  FailNextAllocationOf(sizeof(cCustomClipboard));
+  Transfer();
+  FailNextAllocationOf(0);
+  EXPECT_EQ(Steps(), "SetPicture\ncall PasteFace\n");
+  EXPECT_EQ(Listed(TakeErrors()), "7 ToolbarUtilities.SetButtonIcon\n");
+  EXPECT_EQ(Face().size(), 3u);
 }
 
 TEST_F(IconTransfer, ClipboardThatDoesntOpenAtFirst_DoesntStopTheRoute) {

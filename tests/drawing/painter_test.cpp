@@ -37,6 +37,35 @@ TEST_F(PainterTest, GetWindowExtents_OfAWindowAnywhere_AreItsWholeSize) {
   EXPECT_EQ(height, 400);
 }
 
+// What the call would have filled in stays zero.
+TEST_F(PainterTest, GetWindowExtents_OfAWindowThatCannotBeMeasured_AreZero) {
+  floor->faults.Arm("GetWindowRect", 1);
+  Long width = 7;
+  Long height = 8;
+  painter->GetWindowExtents(window->strip, width, height);
+  EXPECT_EQ(width, 0);
+  EXPECT_EQ(height, 0);
+}
+
+TEST_F(PainterTest, NeedRepaint_WhenTheWindowCannotBeMeasured_IsTrueOnceThereIsAFrame) {
+  floor->faults.Arm("GetWindowRect", 1);
+  EXPECT_FALSE(painter->NeedRepaint(window->top, window->strip));
+  Initialize();
+  floor->faults.Arm("GetWindowRect", 1);
+  EXPECT_TRUE(painter->NeedRepaint(window->top, window->strip));
+  EXPECT_FALSE(painter->NeedRepaint(window->top, window->strip));
+}
+
+TEST_F(PainterTest, Initialize_WhenTheWindowCannotBeMeasured_TakesItForEmpty) {
+  Initialize();
+  floor->faults.Arm("GetWindowRect", 1);
+  Initialize();
+  EXPECT_EQ(Number(u"mWidth"), 0);
+  EXPECT_EQ(Number(u"mHeight"), 0);
+  EXPECT_TRUE(painter->NeedRepaint(window->top, window->strip));
+  floor->desk.Misuses().Clear();
+}
+
 TEST_F(PainterTest, NeedRepaint_OfANewPainter_IsTrueForAnyWindowThatHasPixels) {
   EXPECT_TRUE(painter->NeedRepaint(window->top, window->strip));
   window->Resize(1, 0);
@@ -250,6 +279,10 @@ TEST_F(PainterTest, ACoordinateThatLeavesAnInteger_IsAnOverflowOfItsProcedure) {
       {"place down", [&](Painter& p) { p.PaintIconImpl(0, 0, -32768, 2, 2, 2, 6, 0, false); },
        "6 Painter.PaintIconImpl"},
       {"border", [&](Painter& p) { p.PaintDCTransparently(0, 32767, 0, 1, 1, 1, 1, 0, true); },
+       "6 Painter.PaintDCTransparently"},
+      {"picture wider than any cell", [&](Painter& p) { p.PaintDCTransparently(0, 0, 0, 32767, 1, -1, 1, 0, false); },
+       "6 Painter.PaintDCTransparently"},
+      {"picture higher than any cell", [&](Painter& p) { p.PaintDCTransparently(0, 0, 0, 1, -32768, 1, 1, 0, false); },
        "6 Painter.PaintDCTransparently"},
       {"border below", [&](Painter& p) { p.PaintDCTransparently(0, 0, 32000, 1, 1000, 1, 1, 0, true); },
        "6 Painter.PaintDCTransparently"},

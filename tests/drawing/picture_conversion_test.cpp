@@ -238,6 +238,15 @@ TEST_F(ConversionTest, CreateDesktopCompatibleBitmap_IsAColourSurfaceAndLetsTheD
   EXPECT_EQ(floor->Contexts(), contexts);
 }
 
+TEST_F(ConversionTest, CreateDesktopCompatibleBitmap_AsksTheDesktopsOwnContext) {
+  floor->calls.Name(floor->desk.Windows().GetDesktopWindow(), "desktop");
+  floor->calls.Clear();
+  ToolbarUtilities::CreateDesktopCompatibleBitmap(31, 17);
+  EXPECT_EQ(Listed(floor->calls.Take()),
+            Listed({"GetDesktopWindow() = desktop", "GetDC(desktop) = dc 1",
+                    "CreateCompatibleBitmap(dc 1, 31, 17) = bitmap 1", "ReleaseDC(desktop, dc 1)"}));
+}
+
 TEST_F(ConversionTest, FillDcWithColor_FillsFromTheOriginAndDeletesItsBrush) {
   const Long hdc = floor->MakeContext(5, 4, kWhite);
   const int brushes = floor->Brushes();
@@ -268,6 +277,38 @@ TEST_F(ConversionTest, ReplaceBackgroundWithMenuColor_PutsThePictureOnTheColourO
     floor->desk.Graphics().SelectObject(hdc, desk::ObjectTable::kStockBitmap);
     floor->desk.Graphics().DeleteDC(hdc);
   }
+}
+
+TEST_F(ConversionTest, ReplaceBackgroundWithMenuColor_GoesThroughItsSteps) {
+  const Picture picture = floor->MakePicture(4, 2, kRed);
+  floor->calls.Name(picture->Handle(), "its bitmap");
+  floor->calls.Name(floor->desk.Windows().GetDesktopWindow(), "desktop");
+  floor->calls.Clear();
+  ToolbarUtilities::ReplaceBackgroundWithMenuColor(picture);
+  Lines calls = floor->calls.Take();
+  ASSERT_GT(calls.size(), 7u);
+  calls.erase(calls.begin(), calls.begin() + 7);  // the conversion, in dc 2 with bitmap 1
+  ASSERT_EQ(floor->desk.Graphics().GetSysColor(4), kWhite);
+  EXPECT_EQ(Listed(calls),
+            Listed({
+                "CreateCompatibleDC(dc 2) = dc 3",
+                "GetDesktopWindow() = desktop",
+                "GetDC(desktop) = dc 4",
+                "CreateCompatibleBitmap(dc 4, 4, 2) = bitmap 2",
+                "ReleaseDC(desktop, dc 4)",
+                "SelectObject(dc 3, bitmap 2) = stock",
+                "GetSysColor(4)",
+                "CreateSolidBrush(0xFFFFFF) = object 1",
+                "FillRect(dc 3, [0 0 4 2], object 1)",
+                "DeleteObject(object 1)",
+                "ColorKeyBlt(dc 3, 0, 0, 4, 2, dc 2, 0, 0, 0xFF0000)",
+                "SelectObject(dc 3, stock) = bitmap 2",
+                "OleCreatePictureIndirect(bitmap 2, '{7BF80980-BF32-101A-8BBB-00AA00300CAB}', True, True)",
+                "DeleteDC(dc 3)",
+                "SelectObject(dc 2, bitmap 1) = its bitmap",
+                "DeleteObject(its bitmap)",
+                "DeleteDC(dc 2)",
+            }));
 }
 
 TEST_F(ConversionTest, ReplaceBackgroundWithMenuColor_UsesItsSourceUpAndOwnsTheResult) {

@@ -86,24 +86,59 @@ TEST_F(UnitsTest, AnyPictureOfTheToolbar_KeepsItsPixelsThroughItsExtents) {
   }
 }
 
+// Down, a pixel has twice the twips of one across.
 class UnevenRunTime final : public ForwardingRunTime {
  public:
-  using ForwardingRunTime::ForwardingRunTime;
+  explicit UnevenRunTime(RunTime& target) : ForwardingRunTime(target) { platform::current.runTime = this; }
+  ~UnevenRunTime() override { platform::current.runTime = &mTarget; }
   Double TwipsPerPixelX() override { return 15; }
-  Double TwipsPerPixelY() override { return 12; }
+  Double TwipsPerPixelY() override { return 30; }
 };
 
 TEST_F(UnitsTest, AcrossAndDown_FollowTheScreensTwoResolutions) {
   UnevenRunTime uneven(floor->desk.RunTime());
-  platform::current.runTime = &uneven;
   EXPECT_EQ(ToolbarUtilities::HM2PixX(423), 16);
-  EXPECT_EQ(ToolbarUtilities::HM2PixY(423), 20);
-  // Pictures are converted by the same rule in a copy of its own.
+  EXPECT_EQ(ToolbarUtilities::HM2PixY(423), 8);
+}
+
+TEST_F(UnitsTest, AConversion_TakesThePicturesHeightByTheResolutionDown) {
+  UnevenRunTime uneven(floor->desk.RunTime());
   const Ref<IPictureDispUtilities> utilities = New<IPictureDispUtilities>();
+  const Picture picture = floor->MakePicture(16, 16, kRed);
   floor->calls.Clear();
-  utilities->IPictureDispToHdc(floor->MakePicture(16, 16, kRed));
-  EXPECT_EQ(floor->calls.CallsOf("CreateCompatibleBitmap").at(0), "CreateCompatibleBitmap(dc 1, 16, 20) = bitmap 1");
+  utilities->IPictureDispToHdc(picture);
+  EXPECT_EQ(floor->calls.CallsOf("CreateCompatibleBitmap").at(0), "CreateCompatibleBitmap(dc 1, 16, 8) = bitmap 1");
   utilities->CleanupIPictureDispToHdc();
+}
+
+TEST_F(UnitsTest, AMask_TakesThePicturesHeightByTheResolutionDown) {
+  UnevenRunTime uneven(floor->desk.RunTime());
+  const Picture picture = floor->MakePicture(16, 16, kRed);
+  floor->calls.Clear();
+  New<IPictureDispUtilities>()->CreateIPictureDispMask(picture);
+  EXPECT_EQ(floor->calls.CallsOf("CreateCompatibleBitmap").at(0), "CreateCompatibleBitmap(dc 1, 16, 8) = bitmap 1");
+}
+
+TEST_F(UnitsTest, ARegion_TakesThePicturesHeightByTheResolutionDown) {
+  UnevenRunTime uneven(floor->desk.RunTime());
+  const Picture picture = floor->MakePicture(16, 16, kKey);
+  floor->calls.Clear();
+  New<IPictureDispUtilities>()->MakeRegion(picture, kKey);
+  const Lines read = floor->calls.CallsOf("GetPixel");
+  ASSERT_EQ(read.size(), 16u * 8u);
+  EXPECT_TRUE(read.back().ends_with(", 15, 7)")) << read.back();
+}
+
+TEST_F(UnitsTest, AFaceOnMenuColour_TakesThePicturesHeightByTheResolutionDown) {
+  UnevenRunTime uneven(floor->desk.RunTime());
+  const Picture picture = floor->MakePicture(16, 16, kRed);
+  floor->calls.Clear();
+  ToolbarUtilities::ReplaceBackgroundWithMenuColor(picture);
+  const Lines bitmaps = floor->calls.CallsOf("CreateCompatibleBitmap");
+  ASSERT_EQ(bitmaps.size(), 2u);  // of the conversion, and of the face
+  EXPECT_EQ(bitmaps[1], "CreateCompatibleBitmap(dc 4, 16, 8) = bitmap 2");
+  EXPECT_NE(floor->calls.CallsOf("FillRect").at(0).find("[0 0 16 8]"), std::string::npos);
+  EXPECT_NE(floor->calls.CallsOf("ColorKeyBlt").at(0).find(", 0, 0, 16, 8, "), std::string::npos);
 }
 
 class NoTwips final : public ForwardingRunTime {

@@ -7,4 +7,7 @@ namespace strandline {
 // How many times the program has taken memory with operator new so far.
 std::size_t AllocationsSoFar();
 
+// The next time the program takes exactly that many bytes with operator new, there are none to be had. 0: no failure.
+void FailNextAllocationOf(std::size_t size);
+
 }  // namespace strandline
