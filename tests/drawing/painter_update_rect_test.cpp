@@ -116,6 +116,16 @@ TEST_F(UpdateRectTest, PaintDCTransparently_BeforeTheFirstInitialize_GivesTheWin
   EXPECT_EQ(floor->PixelAt(Frame(), 11, 4), kWhite);
 }
 
+TEST_F(UpdateRectTest, AnUpdateRectangleBeyondAnInteger_IsAnOverflowOfTheClipping) {
+  painter->PaintDCTransparently(0, 32767, 32767, 10, 10, 0, 0, 0, false);
+  ASSERT_EQ(UpdateRect(), (Rect{32772, 32772, 32772, 32772}));
+  TakeErrors();
+  Integer x = 0, y = 0, width = 1, height = 1;
+  painter->UpdateToSmallestRegion(x, y, width, height);
+  EXPECT_EQ(x, 0);
+  EXPECT_EQ(Listed(TakeErrors()), Listed({"6 Painter.UpdateToSmallestRegion"}));
+}
+
 struct OverflowCase {
   const char* name;
   std::function<void(Painter&)> call;

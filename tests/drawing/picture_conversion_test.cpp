@@ -112,6 +112,7 @@ TEST_F(ConversionTest, CleanupIPictureDispToHdc_UsesThePictureUpAndIsDoneOnce) {
   EXPECT_TRUE(IsLive(placeholder));
   EXPECT_EQ(floor->Contexts(), contexts);
   EXPECT_EQ(VariableSnapshot::Of(*utilities).Number(u"mOldBmpHandle"), 0);
+  EXPECT_EQ(VariableSnapshot::Of(*utilities).Number(u"mIPictureDispHdc"), 0);
   utilities->CleanupIPictureDispToHdc();
   EXPECT_EQ(Listed(floor->calls.Take()), "");
 }

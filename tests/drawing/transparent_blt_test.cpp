@@ -257,6 +257,16 @@ TEST_F(TransparentBltTest, ARectangleThatLeavesAnInteger_IsAnOverflowAndDrawsNot
   EXPECT_EQ(floor->SurfaceOf(target), before);
 }
 
+// The right edge stays 0, and from there the width leaves an Integer too.
+TEST_F(TransparentBltTest, AnOverflowThatIsPassedOver_LeavesItsEdgeAtZero) {
+  floor->errors.Answer({vbwProtector::kIgnore, vbwProtector::kIgnore});
+  TransparentBlt(floor->MakeContext(2, 2, kWhite), 0, 0, -2, 1, floor->MakeContext(2, 2, kRed), -32768, 0);
+  EXPECT_EQ(Listed(TakeErrors()), Listed({"6 ToolbarUtilities.TransparentBlt", "6 ToolbarUtilities.TransparentBlt"}));
+  floor->errors.Answer({vbwProtector::kIgnore, vbwProtector::kIgnore});
+  TransparentBlt(floor->MakeContext(2, 2, kWhite), 0, 0, 1, -2, floor->MakeContext(2, 2, kRed), 0, -32768);
+  EXPECT_EQ(Listed(TakeErrors()), Listed({"6 ToolbarUtilities.TransparentBlt", "6 ToolbarUtilities.TransparentBlt"}));
+}
+
 TEST_F(TransparentBltTest, TheLargestRectangleOfAnInteger_IsNoOverflow) {
   const Long source = floor->MakeContext(8, 8, kRed);
   const Long target = floor->MakeContext(8, 8, kWhite);
