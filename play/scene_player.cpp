@@ -132,9 +132,26 @@ ScenePlayer::Handler ScenePlayer::HandlerOf(Verb verb) {
       return &P::ExpectPixel;
     case Verb::kThen:
       return &P::Then;
-    default:
-      return nullptr;  // a setting, which the session was made with
+    // Without a default, so that a verb that is left out doesn't compile.
+    case Verb::kWord:
+    case Verb::kProduct:
+    case Verb::kNow:
+    case Verb::kCommandLine:
+    case Verb::kSetting:
+    case Verb::kLumivex:
+    case Verb::kIcon:
+    case Verb::kComponent:
+    case Verb::kBarEdge:
+    case Verb::kBarLate:
+    case Verb::kDpi:
+    case Verb::kBarHeight:
+    case Verb::kControls:
+    case Verb::kTemplate:
+    case Verb::kClipboardHeld:
+    case Verb::kClipboard:
+      break;  // a setting, which the session was made with
   }
+  return nullptr;
 }
 
 ScenePlayer::ScenePlayer(const ParsedScene& scene, PlayOptions options, const SessionMaker& make, Watchdog& watchdog)

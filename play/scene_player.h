@@ -36,6 +36,9 @@ class ScenePlayer {
   // `scene` is without error; it and the watchdog outlive the player.
   ScenePlayer(const ParsedScene& scene, PlayOptions options, const SessionMaker& make, Watchdog& watchdog);
 
+  // Whether the command does something when its turn comes; otherwise SceneSettings::Apply has taken it before.
+  static bool Plays(Verb verb) { return HandlerOf(verb) != nullptr; }
+
   // Once. The lines for standard error come with it, each without its end.
   Outcome Play(std::vector<std::string>& messages);
 

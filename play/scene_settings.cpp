@@ -29,7 +29,7 @@ SceneSettings::SceneSettings() {
   world.showsTooltips = true;
 }
 
-void SceneSettings::Apply(const Command& command) {
+bool SceneSettings::Apply(const Command& command) {
   const auto text = [&](std::string_view slot) { return FromUtf8(command.Text(slot)); };
   const auto number = [&](std::string_view slot) { return static_cast<Long>(command.Number(slot)); };
   const bool on = command.Text("SWITCH") == "on";
@@ -83,8 +83,9 @@ void SceneSettings::Apply(const Command& command) {
       isClipboardHeld = true;
       break;
     default:
-      break;
+      return false;
   }
+  return true;
 }
 
 }  // namespace strandline::play

@@ -26,8 +26,8 @@ struct SceneSettings {
   std::optional<String> clipboardRichText;
   bool isClipboardHeld = false;
 
-  // A command of the phase before `start`, other than `start` itself.
-  void Apply(const Command& command);
+  // Takes over what a command before `start` chooses. False when the command chooses nothing.
+  bool Apply(const Command& command);
 };
 
 wordsim::BarPosition BarPositionOf(const std::string& edge);  // one of top, bottom, left, right, floating

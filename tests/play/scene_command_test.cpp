@@ -5,8 +5,12 @@
 #include <filesystem>
 #include <fstream>
 #include <iterator>
+#include <map>
+#include <set>
 
 #include "play/expectation.h"
+#include "play/scene_grammar.h"
+#include "play/scene_player.h"
 
 namespace strandline::play {
 namespace {
@@ -163,9 +167,64 @@ TEST(SceneCommand_AfterInItself, HasAnEnd) {
   EXPECT_EQ(Parse(line + "mark"), "1: macro stands in itself too often; 16 times are allowed");
 }
 
-TEST(SceneCommand_EachForm, IsFoundByItsOwnUsage) {
+// A word that this element takes.
+std::string WordFor(const GrammarElement& element) {
+  using Kind = GrammarElement::Kind;
+  switch (element.kind) {
+    case Kind::kLiteral:
+    case Kind::kFlag:
+      return std::string(element.name);
+    case Kind::kChoice:
+      return std::string(element.type.substr(0, element.type.find('|')));
+    case Kind::kNumber:
+      return std::to_string(element.lowest);
+    case Kind::kText:
+      break;
+  }
+  if (element.name == "COMMAND" && element.rest) return "mark";
+  const std::map<std::string_view, std::string> kWords = {
+      {"time", "2009-03-02"}, {"png", "a.png"}, {"rgb", "00ff7f"}, {"kind", "log"}, {"pair", "text=x"}};
+  const auto found = kWords.find(element.type);
+  return found == kWords.end() ? "x" : found->second;
+}
+
+// A line in this form, with all that may be left out or without it.
+std::string LineIn(const CommandForm& form, bool withOptional) {
+  std::string line;
+  for (const GrammarElement& element : ReadGrammar(form.grammar)) {
+    if (element.optional && !withOptional) continue;
+    line += (line.empty() ? "" : " ") + WordFor(element);
+  }
+  return line;
+}
+
+TEST(SceneCommand_EachForm, IsFoundByALineInIt) {
   for (const CommandForm& form : CommandForms()) {
-    EXPECT_EQ(Usage(form).find(':') != std::string::npos, form.verb == Verb::kNow) << Usage(form);
+    for (const bool withOptional : {false, true}) {
+      const std::string line = LineIn(form, withOptional);
+      const ParsedScene scene = ParseScene(line);
+      ASSERT_EQ(scene.error, "") << line;
+      ASSERT_EQ(scene.commands.size(), 1u) << line;
+      EXPECT_EQ(Usage(*scene.commands.front().form), Usage(form)) << line;
+    }
+  }
+}
+
+TEST(SceneCommand_EachVerb, HasAForm) {
+  std::set<Verb> verbs;
+  for (const CommandForm& form : CommandForms()) verbs.insert(form.verb);
+  EXPECT_EQ(verbs.size(), static_cast<std::size_t>(Verb::kQuit) + 1) << "kQuit is the last verb";
+}
+
+// The library of ads is both: it must stand before start, and is put into its place when its turn comes.
+TEST(SceneCommand_EachForm, IsEitherASettingThatIsTakenOrACommandThatIsPlayed) {
+  for (const CommandForm& form : CommandForms()) {
+    SceneSettings settings;
+    const ParsedScene scene = ParseScene(LineIn(form, false));
+    ASSERT_EQ(scene.commands.size(), 1u) << Usage(form);
+    const bool isTaken = settings.Apply(scene.commands.front());
+    EXPECT_NE(isTaken, ScenePlayer::Plays(form.verb)) << Usage(form);
+    EXPECT_EQ(isTaken, IsSetting(form) && form.verb != Verb::kAds) << Usage(form);
   }
 }
 
