@@ -51,51 +51,39 @@ void Buttons::Initialize(Long parentHwnd, Long hWnd, Boolean needAdvert) {
   mHwnd = hWnd;
   UpdateButtonRects();
   if (needAdvert) {
-    const ButtonRect cell = mButtons(kAdCell - 1);
+    const ButtonRect& cell = mButtons(kAdCell - 1);
     STEP(mAdvert = Factory().Create(mHwnd, cell.left, cell.top, WidthOf(cell), HeightOf(cell)));
   }
   PaintIcons(parentHwnd, false, true);
 }
 
+// The background is taken before the cells are read, and the cells before the ad panel is told its place. Where the
+// cells can't be read, nothing is put down.
 void Buttons::PaintIcons(Long activeDocHwnd, Boolean updateRects, Boolean forceRepaint) {
   METHOD(void, u"PaintIcons", activeDocHwnd, updateRects, forceRepaint);
   Long hdc = 0;
-  Boolean isReady = false;
-  REPORTS(hdc);
+  Integer i = 0;
+  REPORTS(hdc, i);
   Log(u"PaintIcons");
   hdc = platform::Graphics().GetDC(mHwnd);
-  if (!forceRepaint) forceRepaint = mPainter->NeedRepaint(activeDocHwnd, mHwnd);
-  RUN(PrepareFrame(here, activeDocHwnd, hdc, updateRects, forceRepaint, isReady));
-  if (isReady) {
-    UpdateLumivexIcon();
-    mPainter->BltBuffer(hdc, false);
+  if (!forceRepaint) STEP(forceRepaint = Required(mPainter).NeedRepaint(activeDocHwnd, mHwnd));
+  if (forceRepaint) {
+    Log(Joined(u"Need a repaint for ", Hex{activeDocHwnd}));
+    STEP(Required(mPainter).Initialize(activeDocHwnd, mHwnd, hdc));
+    if (!UpdateButtonRects()) goto release;
+    if (mAdvert) {
+      const ButtonRect& cell = mButtons(kAdCell - 1);
+      STEP(Factory().AfterPaint(mHwnd, cell.left, cell.top, WidthOf(cell), HeightOf(cell)));
+      STEP(Required(mAdvert).Initialize(mHwnd));
+    }
+    for (i = 1; i <= kCells; ++i) PaintIcon(i, 0, Unread(Boolean{false}));
+  } else if (updateRects) {
+    if (!UpdateButtonRects()) goto release;
   }
+  UpdateLumivexIcon();
+  STEP(Required(mPainter).BltBuffer(hdc, false));
+release:
   platform::Graphics().ReleaseDC(mHwnd, hdc);
-}
-
-// The background is taken before the cells are read, and the cells before the ad panel is told its place. Not ready:
-// the bar can't be read, and there is nothing to put down.
-Boolean Buttons::PrepareFrame(Frame& procedure, Long activeDocHwnd, Long hdc, Boolean updateRects, Boolean forceRepaint,
-                              Boolean& isReady) {
-  STRETCH(procedure);
-  if (!forceRepaint) {
-    isReady = !updateRects || UpdateButtonRects();
-    return here.Done();
-  }
-  Log(Joined(u"Need a repaint for ", Hex{activeDocHwnd}));
-  mPainter->Initialize(activeDocHwnd, mHwnd, hdc);
-  if (!UpdateButtonRects()) return here.Done();
-  if (mAdvert) {
-    const ButtonRect cell = mButtons(kAdCell - 1);
-    STEP(Factory().AfterPaint(mHwnd, cell.left, cell.top, WidthOf(cell), HeightOf(cell)));
-    mAdvert->Initialize(mHwnd);
-  }
-  for (Integer i = 1; i <= kCells; ++i) {
-    Boolean forceEraseBackground = false;
-    PaintIcon(i, 0, forceEraseBackground);
-  }
-  isReady = true;
-  return here.Done();
 }
 
 // The pair only validates the window; the frame goes down through a context of its own, so that the whole strip is
@@ -116,24 +104,29 @@ void Buttons::Redraw(Long parentHwnd) {
 
 Variant Buttons::NeedToPaintBackground(Long parentHwnd) {
   METHOD(Variant, u"NeedToPaintBackground", parentHwnd);
-  return here.result = mPainter->NeedRepaint(parentHwnd, mHwnd);
+  STEP(here.result = Required(mPainter).NeedRepaint(parentHwnd, mHwnd));
+  return here.Leave();
 }
 
 void Buttons::PaintIcon(Integer index, Long destHdc, Boolean& forceEraseBackground) {
   METHOD(void, u"PaintIcon", index, destHdc, forceEraseBackground);
-  ButtonRect cell;
   Picture pic;
   Long handle = 0;
   Long width = 0;
   Long height = 0;
   REPORTS(pic, handle, width, height);
   if (index == 0) return;
-  STEP(cell = mButtons(index - 1));
-  if (cell.isPriorityDropped) return;
+  CONDITION(isDropped, mButtons(index - 1).isPriorityDropped);
+  if (isDropped) return;
+  const ButtonRect& cell = mButtons(index - 1);
   if (mAdvert && index == kAdCell) {
-    Boolean isPainted = false;
-    RUN(PaintAdPicture(here, destHdc, forceEraseBackground, isPainted));
-    if (isPainted) return;
+    STEP(Required(mAdvert).getPictureStats(handle, width, height));
+    if (handle != 0) {
+      STEP(Required(mPainter).PaintDCTransparently(handle, ToInteger(cell.left), ToInteger(cell.top),
+                                                   ToInteger(WidthOf(cell)), ToInteger(HeightOf(cell)),
+                                                   ToInteger(width), ToInteger(height), destHdc, forceEraseBackground));
+      return;
+    }
   }
   // Loaded anew for each paint: the painter uses the bitmap up.
   pic = LoadImageFromResource::LoadResGifJpgBmp(ToolbarUtilities::pictureIndex(index, false), 0);
@@ -141,25 +134,10 @@ void Buttons::PaintIcon(Integer index, Long destHdc, Boolean& forceEraseBackgrou
   STEP(width = ToolbarUtilities::HM2PixX(Required(pic).Width()));
   STEP(height = ToolbarUtilities::HM2PixY(Required(pic).Height()));
   if (index == kLumivexCell && mLumivexButtonState == kLumivexOff) forceEraseBackground = true;
-  STEP(mPainter->PaintIconTransparently(handle, ToInteger(cell.left), ToInteger(cell.top), ToInteger(WidthOf(cell)),
-                                        ToInteger(HeightOf(cell)), ToInteger(width), ToInteger(height), destHdc,
-                                        forceEraseBackground || index == kManualCell));
+  STEP(Required(mPainter).PaintIconTransparently(
+      handle, ToInteger(cell.left), ToInteger(cell.top), ToInteger(WidthOf(cell)), ToInteger(HeightOf(cell)),
+      ToInteger(width), ToInteger(height), destHdc, forceEraseBackground || index == kManualCell));
   if (!forceEraseBackground && stickyButton(index)) ToggleBorder(destHdc, kLumivexCell, mLumivexButtonState);
-}
-
-Boolean Buttons::PaintAdPicture(Frame& procedure, Long destHdc, Boolean forceEraseBackground, Boolean& isPainted) {
-  STRETCH(procedure);
-  const ButtonRect cell = mButtons(kAdCell - 1);
-  Long handle = 0;
-  Long width = 0;
-  Long height = 0;
-  mAdvert->getPictureStats(handle, width, height);
-  if (handle == 0) return here.Done();
-  isPainted = true;
-  STEP(mPainter->PaintDCTransparently(handle, ToInteger(cell.left), ToInteger(cell.top), ToInteger(WidthOf(cell)),
-                                      ToInteger(HeightOf(cell)), ToInteger(width), ToInteger(height), destHdc,
-                                      forceEraseBackground));
-  return here.Done();
 }
 
 void Buttons::PaintAd(Boolean forceEraseBackground) {
@@ -174,19 +152,17 @@ void Buttons::PaintAd(Boolean forceEraseBackground) {
 
 void Buttons::ToggleBorder(Long hdc, Integer index, Long state) {
   METHOD(void, u"ToggleBorder", hdc, index, state);
-  ButtonRect cell;
   Long cmd = 0;
   REPORTS(cmd);
   Log(Joined(u"ToggleBorder index=", index, u", state=", state));
   if (index == 0) return;
   if (state == kLookPlain) {
-    Boolean forceEraseBackground = true;
-    PaintIcon(index, hdc, forceEraseBackground);
+    PaintIcon(index, hdc, Unread(Boolean{true}));
     return;
   }
   cmd = state == kLookRaised ? BorderDrawingFunctions::kEdgeRaised : BorderDrawingFunctions::kEdgeSunken;
-  STEP(cell = mButtons(index - 1));
-  BorderDrawingFunctions::DrawBorder(hdc, cell.left, cell.top, cell.right, cell.bottom, cmd);
+  STEP(const ButtonRect& cell = mButtons(index - 1);
+       BorderDrawingFunctions::DrawBorder(hdc, cell.left, cell.top, cell.right, cell.bottom, cmd));
 }
 
 // The sunken edge of the Lumivex cell is part of the frame; hover and press edges never are.
@@ -202,7 +178,7 @@ void Buttons::UpdateLumivexIcon() {
     Log(u"UpdateLumivexIcon enabled = false");
     mLumivexButtonState = kLumivexOff;
   }
-  ToggleBorder(mPainter->backbuffer(), kLumivexCell, mLumivexButtonState);
+  STEP(ToggleBorder(Required(mPainter).backbuffer(), kLumivexCell, mLumivexButtonState));
   hdc = platform::Graphics().GetDC(mHwnd);
   ToggleBorder(hdc, kLumivexCell, mLumivexButtonState);
   platform::Graphics().ReleaseDC(mHwnd, hdc);

@@ -12,6 +12,12 @@
 
 namespace strandline {
 
+// A variable for a value that goes by reference where nobody reads what is written to it.
+template <class T>
+T& Unread(T&& value) {
+  return static_cast<T&>(value);
+}
+
 // One cell. A dropped cell, for which Word found no room, keeps its rectangle but is no part of the strip.
 struct ButtonRect {
   Boolean isPriorityDropped = false;
@@ -82,19 +88,15 @@ class Buttons final : public ClassObject, public AdStrip {
   void ValueChanged(const Array<Boolean>& ads);
   void ReprimeTimerCycle();
 
-  const Painter& painter() const { return *mPainter; }
+  const Painter* painter() const { return mPainter.get(); }
   const AdPanel* advert() const { return mAdvert.get(); }
   void ReportVariables(Reporter& to) const override;
 
  private:
+  friend struct ButtonsAccess;  // the tests' way to a strip that lacks its painter
+
   void Class_Initialize();
   void Terminated() override;
-  // Stretches of PaintIcons and PaintIcon.
-  Boolean PrepareFrame(Frame& procedure, Long activeDocHwnd, Long hdc, Boolean updateRects, Boolean forceRepaint,
-                       Boolean& isReady);
-  Boolean PaintAdPicture(Frame& procedure, Long destHdc, Boolean forceEraseBackground, Boolean& isPainted);
-  // A statement of HandleMouseMove and HandleButtonUp.
-  Boolean ShowTooltip(Frame& procedure, Integer index);
 
   FixedArray<ButtonRect, 0, 15> mButtons;  // cell `index` is element index - 1
   Ref<Painter> mPainter;

@@ -89,8 +89,8 @@ void Menu::Activate() {
   ToggleManualUI();
 }
 
-// Without the capture, a mouse that moves over the strip while the menu is down doesn't close it. Whoever has the
-// capture, and even if nobody has, it is let go.
+// Without the capture, a mouse that moves over the strip while the menu is down doesn't close the menu. Always releases
+// the capture, even if no window holds it.
 void Menu::HackToKeepMenuDroppedWhenMousingOverToolbarButtons() {
   METHOD(void, u"HackToKeepMenuDroppedWhenMousingOverToolbarButtons");
   platform::Windows().GetCapture();
@@ -101,9 +101,9 @@ void Menu::HackToKeepMenuDroppedWhenMousingOverToolbarButtons() {
 void Menu::ToggleManualUI() {
   METHOD(void, u"ToggleManualUI");
   if (ToolbarUtilities::inUserManual()) {
-    setMenuItemCaption(kFind, kOpenManual);
+    STEP(setMenuItemCaption(kFind, kOpenManual));
   } else {
-    setMenuItemCaption(kOpenManual, kFind);
+    STEP(setMenuItemCaption(kOpenManual, kFind));
   }
 }
 

@@ -13,6 +13,10 @@
 
 namespace strandline {
 
+using CommonWordInteractionFunctions::ActiveDocument;
+using CommonWordInteractionFunctions::activeWindow;
+using CommonWordInteractionFunctions::Documents;
+
 namespace {
 
 constexpr ModuleInfo kModuleInfo{u"Toolbar", nullptr};
@@ -35,55 +39,53 @@ String TextOfPatience() {
                  u"Please wait a few seconds after that for the ", productName(), u" toolbar to appear."});
 }
 
+// The variable that receives a hook's event: the hook that stands in it tells the sink, and no other does.
+void SetHook(Ref<Subclasser>& hook, Ref<Subclasser> made, MessageSink* sink) {
+  if (hook) hook->SetSink(nullptr);
+  hook = std::move(made);
+  if (hook) hook->SetSink(sink);
+}
+
 }  // namespace
 
 void Toolbar::Initialize(Long parentHwnd) {
   METHOD(void, u"Initialize", parentHwnd);
   Long time = 0;
   REPORTS(time);
-  CONDITION(hasDocuments, CommonWordInteractionFunctions::Documents().Get("Count").ToLong() > 0);
+  CONDITION(hasDocuments, Documents().Get("Count").ToLong() > 0);
   if (hasDocuments) {
-    STEP(Log(Joined(u"Toolbar initialize for ", CommonWordInteractionFunctions::ActiveDocument().Get("name").ToText(),
-                    u" ", Hex{parentHwnd})));
+    STEP(Log(Joined(u"Toolbar initialize for ", ActiveDocument().Get("name").ToText(), u" ", Hex{parentHwnd})));
   }
   CONDITION(isHidden, !ToolbarUtilities::CommandBar().Get("visible").ToBoolean());
   if (isHidden) STEP(ToolbarUtilities::CommandBar().Let("visible", true));
   mParentHwnd = parentHwnd;
   mHwnd = ToolbarUtilities::ToolbarWindowHandle(parentHwnd);
-  RUN(WaitForToolbarWindow(here, time));
-  STEP(mDocId = RoundToLong(
-           NumberFromText(CommonPropertyFunctions::docId(CommonWordInteractionFunctions::ActiveDocument()))));
+  // Without an upper limit: the toolbar is never given up on.
+  while (mHwnd == 0) {
+    Log(u"Waiting for toolbar to show up", CommonLogger::kNoteworthy);
+    SleepReplacement::Wait(kStepOfWait, parentHwnd);
+    mHwnd = ToolbarUtilities::ToolbarWindowHandle(parentHwnd);
+    STEP(time = ToLong(std::int64_t{time} + kStepOfWait));
+    if (time != kPatienceBeforeForce) continue;
+    STEP(platform::RunTime().MsgBox(TextOfPatience(), msgbox::kOk, nullptr));
+    // A change of the window's state is what makes Word show the bar.
+    CONDITION(isMaximised, activeWindow().Get("WindowState").ToLong() == kMaximised);
+    if (isMaximised) {
+      STEP(activeWindow().Let("WindowState", kMinimised));
+      STEP(activeWindow().Let("WindowState", kMaximised));
+    } else {
+      STEP(activeWindow().Let("WindowState", kMinimised));
+      STEP(activeWindow().Let("WindowState", kNormal));
+    }
+    CommonWordWindowFunctions::ActivateActiveDocumentWindow();
+  }
+  STEP(mDocId = RoundToLong(NumberFromText(CommonPropertyFunctions::docId(ActiveDocument()))));
   STEP(mButtons = New<Buttons>());
   STEP(Required(mButtons).Initialize(parentHwnd, mHwnd, true));
   // The hook comes after the strip, so that no message reaches a half-built one.
-  STEP(mHook = platform::Subclassers().Create());
-  STEP(Required(mHook).SetSink(this));
+  STEP(SetHook(mHook, platform::Subclassers().Create(), this));
   STEP(Required(mHook).Subclass(mHwnd));
   UpdateLumivexIcon();
-}
-
-// Without an upper limit: the toolbar is never given up on.
-Boolean Toolbar::WaitForToolbarWindow(Frame& procedure, Long& time) {
-  STRETCH(procedure);
-  while (mHwnd == 0) {
-    Log(u"Waiting for toolbar to show up", CommonLogger::kNoteworthy);
-    SleepReplacement::Wait(kStepOfWait, mParentHwnd);
-    mHwnd = ToolbarUtilities::ToolbarWindowHandle(mParentHwnd);
-    STEP(time = ToLong(std::int64_t{time} + kStepOfWait));
-    if (time == kPatienceBeforeForce) RUN(ForceWordToShowToolbar(procedure));
-  }
-  return here.Done();
-}
-
-// A change of the window's state is what makes Word show the bar.
-Boolean Toolbar::ForceWordToShowToolbar(Frame& procedure) {
-  STRETCH(procedure);
-  STEP(platform::RunTime().MsgBox(TextOfPatience(), msgbox::kOk, nullptr));
-  CONDITION(isMaximised, CommonWordInteractionFunctions::activeWindow().Get("WindowState").ToLong() == kMaximised);
-  STEP(CommonWordInteractionFunctions::activeWindow().Let("WindowState", kMinimised));
-  STEP(CommonWordInteractionFunctions::activeWindow().Let("WindowState", isMaximised ? kMaximised : kNormal));
-  CommonWordWindowFunctions::ActivateActiveDocumentWindow();
-  return here.Done();
 }
 
 Boolean Toolbar::isDocument(const Object& doc) {
@@ -122,12 +124,8 @@ void Toolbar::SwitchListener(Long newHwnd) {
   METHOD(void, u"SwitchListener", newHwnd);
   Log(u"SwitchListener");
   if (newHwnd == 0) newHwnd = ToolbarUtilities::ToolbarWindowHandle(mParentHwnd);
-  if (mHook) {
-    mHook->Unsubclass();
-    mHook->SetSink(nullptr);
-  }
-  STEP(mHook = platform::Subclassers().Create());
-  STEP(Required(mHook).SetSink(this));
+  if (mHook) STEP(Required(mHook).Unsubclass());
+  STEP(SetHook(mHook, platform::Subclassers().Create(), this));
   STEP(Required(mHook).Subclass(newHwnd));
   STEP(Required(mButtons).SwitchListener(newHwnd));
   mHwnd = newHwnd;
@@ -140,11 +138,8 @@ void Toolbar::Terminate() {
   Log(Joined(u"Start Toolbar terminate of ", Hex{mParentHwnd}));
   // A live hook sees a last message before it goes.
   platform::Windows().SendMessageA(mHwnd, wm::kQuit, 0, 0);
-  if (mHook) {
-    mHook->Unsubclass();
-    mHook->SetSink(nullptr);
-  }
-  mHook = nullptr;
+  if (mHook) STEP(Required(mHook).Unsubclass());
+  SetHook(mHook, nullptr, nullptr);
   mButtons = nullptr;
   Log(Joined(u"End Toolbar terminate of ", Hex{mParentHwnd}));
 }
@@ -170,7 +165,7 @@ void Toolbar::ReportState(StateVisitor& to) const {
   to.BeginToolbar();
   report(u"Toolbar", this);
   report(u"Buttons", mButtons.get());
-  report(u"Painter", mButtons ? &mButtons->painter() : nullptr);
+  report(u"Painter", mButtons ? mButtons->painter() : nullptr);
   report(u"Advertisements", mButtons ? mButtons->advert() : nullptr);
   to.EndToolbar();
 }

@@ -46,11 +46,9 @@ class Toolbar final : public ClassObject, public MessageSink {
 
  private:
   void Terminated() override;
-  // Stretches of Initialize and of the hook's event.
-  Boolean WaitForToolbarWindow(Frame& procedure, Long& time);
-  Boolean ForceWordToShowToolbar(Frame& procedure);
+  // Stretches of the hook's event.
   Boolean BeforeMessageWhileQuitting(Frame& procedure, Long uMsg, Long wParam, Long lParam, Boolean& Cancel);
-  Boolean BeforePaint(Frame& procedure, Boolean& forceUpdate, Boolean& Cancel);
+  Boolean BeforePaint(Frame& procedure, Ref<Buttons>& buttons, Boolean& forceUpdate, Boolean& Cancel);
   Boolean BeforeTimer(Frame& procedure, Long wParam, Boolean& Cancel);
   Boolean BeforeCaptureChanged(Frame& procedure, Long lParam, Long& newHwnd);
 

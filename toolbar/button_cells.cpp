@@ -31,7 +31,8 @@ Boolean Buttons::UpdateButtonRects() {
   Integer left = 0;
   Integer top = 0;
   Integer count = 0;
-  REPORTS(controls, control, left, top, count);
+  Integer i = 0;
+  REPORTS(controls, control, left, top, count, i);
   here.EndQuietly();
   getWindowOffsets(left, top);
   STEP(controls = ToolbarUtilities::CommandBar().Get("Controls").ToObject());
@@ -42,7 +43,7 @@ Boolean Buttons::UpdateButtonRects() {
   STEP(mBoundingRect.right = FarPlace(control, "width", "left", left));
   STEP(mBoundingRect.bottom = FarPlace(control, "height", "top", top));
   STEP(count = Min(controls.Get("count").ToInteger(), ToolbarUtilities::kCells));
-  for (Integer i = 1; i <= count; ++i) {
+  for (i = 1; i <= count; ++i) {
     ButtonRect& cell = mButtons(i - 1);
     STEP(control = controls.Get("item", i).ToObject());
     STEP(cell.isPriorityDropped = control.Get("isPriorityDropped").ToBoolean());

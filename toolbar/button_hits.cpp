@@ -64,12 +64,14 @@ Boolean Buttons::inCtrl(Integer index, Integer x, Integer y) {
   return here.Leave();
 }
 
-// A pixel on the edge of two cells is the lower one's. Every move asks for all cells: while nobody is told of the
-// procedures, one look takes the place of the calls.
+// A pixel on the edge of two cells is the lower one's. Every move asks for all cells: while parameters aren't traced,
+// the rectangles are read directly instead of through inCtrl, with the same result.
 Integer Buttons::HighlightedButtonIndex(Integer x, Integer y) {
   METHOD(Integer, u"HighlightedButtonIndex[Get]", x, y);
+  Integer i = 0;
+  REPORTS(i);
   if (!vbwProtector::variables.vbwTraceParameters) return here.result = FirstOn(mButtons, x, y);
-  for (Integer i = 1; i <= kCells; ++i) {
+  for (i = 1; i <= kCells; ++i) {
     if (inCtrl(i, x, y)) return here.result = i;
   }
   return here.Leave();

@@ -1,6 +1,6 @@
-// How the strip answers the mouse. Word never sees it there: the strip shows hover and press itself, and a click
-// reaches the control underneath by being executed. The window tells of no leaving, so timers ask whether the mouse is
-// still there.
+// How the strip answers the mouse. Word gets no mouse message there: the strip shows hover and press itself, and a
+// click executes the control underneath. The window is Word's and gets no WM_MOUSELEAVE, so a timer of 200 ms asks
+// whether the mouse is still there.
 
 #include "drawing/ToolbarUtilities.h"
 #include "foundation/CommonLogger.h"
@@ -27,6 +27,15 @@ void ExecuteControl(Integer index) {
   ToolbarUtilities::CommandBar().Get("Controls").ToObject().Get("Item", index).ToObject().Call("Execute");
 }
 
+// Taken apart, so that object, window and text are asked for in this order. Each caller has it in a statement of its
+// own, so that its errors are told, and ignored, by themselves.
+void ShowTooltip(Integer index) {
+  const Object tooltip = CommonPropertyFunctions::tooltip();
+  const Long hwnd = CommonWordWindowFunctions::ActiveDocumentHandle();
+  const String text = ToolbarUtilities::tooltipText(index, false);
+  tooltip.Call("Show", hwnd, text, Named{"forceRedraw", true}, Named{"addBackground", false});
+}
+
 }  // namespace
 
 Boolean Buttons::HandleMouseMove(Boolean lbuttonDown, Long x, Long y, Boolean hasChangedParentWindows) {
@@ -50,7 +59,7 @@ Boolean Buttons::HandleMouseMove(Boolean lbuttonDown, Long x, Long y, Boolean ha
   if (newHighlightedButton == mHighlightedButton) return here.Leave();
   if (newHighlightedButton != mLastUpIndex) {
     mLastUpIndex = 0;
-    RUN(ShowTooltip(here, newHighlightedButton));
+    STEP(ShowTooltip(newHighlightedButton));
   }
   hdc = platform::Graphics().GetDC(mHwnd);
   oldHighlightIndex = mHighlightedButton;
@@ -101,19 +110,17 @@ Boolean Buttons::HandleButtonUp() {
   } else if (!stickyButton(mLastUpIndex)) {
     here.IgnoreErrors();
     // Before the command runs: a dialog opens over a clean strip.
-    Long hdc = 0;
-    removeButtonHighlighting(hdc);
+    removeButtonHighlighting(Unread(Long{0}));
   }
   here.result = mLastUpIndex != 0;
   if (mLastUpIndex != 0 && mLastUpIndex != kMenuCell) STEP(ExecuteControl(mLastUpIndex));
   // What ran meanwhile may have brought the mouse elsewhere, and then the cell is forgotten.
   if (mLastUpIndex == kLumivexCell) {
-    if (!MouseLeftToolbar()) RUN(ShowTooltip(here, kLumivexCell));
+    if (!MouseLeftToolbar()) STEP(ShowTooltip(kLumivexCell));
   } else {
     STEP(CommonPropertyFunctions::tooltip().Call("Hide", Named{"forceHide", true}));
   }
-  const Boolean hasLeft = MouseLeftToolbar();
-  if (hasLeft || mLastUpIndex == kMenuCell) HandleMouseLeftToolbar();
+  if (MouseLeftToolbar() || mLastUpIndex == kMenuCell) HandleMouseLeftToolbar();
   mIsHandling = false;
   return here.Leave();
 }
@@ -148,10 +155,9 @@ void Buttons::removeButtonHighlighting(Long& hdc) {
 
 void Buttons::HandleMouseLeftToolbar() {
   METHOD(void, u"HandleMouseLeftToolbar");
-  Long hdc = 0;
   Log(u"HandleMouseLeftToolbar");
   mLastUpIndex = 0;
-  removeButtonHighlighting(hdc);
+  removeButtonHighlighting(Unread(Long{0}));
   STEP(CommonPropertyFunctions::tooltip().Call("Hide", Named{"forceHide", true}));
 }
 
@@ -162,16 +168,6 @@ void Buttons::TimerTick(Boolean isMsgAdvert) {
   } else if (MouseLeftToolbar()) {
     HandleMouseLeftToolbar();
   }
-}
-
-// Taken apart, so that object, window and text are asked for in this order.
-Boolean Buttons::ShowTooltip(Frame& procedure, Integer index) {
-  STRETCH(procedure);
-  STEP(const Object tooltip = CommonPropertyFunctions::tooltip();
-       const Long hwnd = CommonWordWindowFunctions::ActiveDocumentHandle();
-       const String text = ToolbarUtilities::tooltipText(index, false);
-       tooltip.Call("Show", hwnd, text, Named{"forceRedraw", true}, Named{"addBackground", false}));
-  return here.Done();
 }
 
 }  // namespace strandline

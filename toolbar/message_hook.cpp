@@ -31,7 +31,8 @@ void Toolbar::mHook_BeforeMessage(Long uMsg, Long wParam, Long lParam, Long& ret
   METHOD(void, u"mHook_BeforeMessage", uMsg, wParam, lParam, retValue, Cancel);
   Boolean forceUpdate = false;
   Long newHwnd = 0;
-  REPORTS(processCount, forceUpdate, newHwnd);
+  Ref<Buttons> buttons;
+  REPORTS(processCount, forceUpdate, newHwnd, buttons);
   if (mQuitting) {
     RUN(BeforeMessageWhileQuitting(here, uMsg, wParam, lParam, Cancel));
     return;
@@ -42,13 +43,11 @@ void Toolbar::mHook_BeforeMessage(Long uMsg, Long wParam, Long lParam, Long& ret
       processCount = 2;
       break;
     case wm::kPaint:
-      RUN(BeforePaint(here, forceUpdate, Cancel));
+      RUN(BeforePaint(here, buttons, forceUpdate, Cancel));
       break;
-    case wm::kNcMouseMove: {
-      Long hdc = 0;
-      STEP(Required(mButtons).removeButtonHighlighting(hdc));
+    case wm::kNcMouseMove:
+      STEP(Required(mButtons).removeButtonHighlighting(Unread(Long{0})));
       break;
-    }
     case wm::kTimer:
       RUN(BeforeTimer(here, wParam, Cancel));
       break;
@@ -68,12 +67,10 @@ void Toolbar::mHook_BeforeMessage(Long uMsg, Long wParam, Long lParam, Long& ret
     case wm::kLButtonDblClk:
       Cancel = true;
       break;
-    case wm::kRButtonDown: {
-      Long hdc = 0;
+    case wm::kRButtonDown:
       Log(u"BeforeRButtonDown");
-      STEP(Required(mButtons).removeButtonHighlighting(hdc));
+      STEP(Required(mButtons).removeButtonHighlighting(Unread(Long{0})));
       break;
-    }
     case wm::kCaptureChanged:
       RUN(BeforeCaptureChanged(here, lParam, newHwnd));
       break;
@@ -98,9 +95,8 @@ Boolean Toolbar::BeforeMessageWhileQuitting(Frame& procedure, Long uMsg, Long wP
 
 // After a change of size or window the first paint is dropped, which leaves the window invalid and so brings the second
 // one; that one reads the cells anew.
-Boolean Toolbar::BeforePaint(Frame& procedure, Boolean& forceUpdate, Boolean& Cancel) {
+Boolean Toolbar::BeforePaint(Frame& procedure, Ref<Buttons>& buttons, Boolean& forceUpdate, Boolean& Cancel) {
   STRETCH(procedure);
-  Ref<Buttons> buttons;
   Log(Joined(u"Before Paint of ", Hex{mParentHwnd}, u", processCount = ", processCount));
   Cancel = true;
   // The paint can bring about the end of this toolbar; the strip lives until it is over.

@@ -41,7 +41,7 @@ std::string Shown(const Variant& given) {
   if (value.IsNull()) return "Null";
   if (const String* text = value.If<String>()) return Quoted(*text);
   if (const Object* object = value.If<Object>()) return object->IsNothing() ? "Nothing" : "object";
-  if (const Picture* picture = value.If<Picture>()) return *picture ? "picture" : "no picture";
+  if (const Picture* picture = value.If<Picture>()) return *picture ? "picture" : "Nothing";
   if (const auto* bytes = value.If<Variant::Shared<Byte>>()) return ShownArray(**bytes);
   if (const auto* texts = value.If<Variant::Shared<String>>()) return ShownArray(**texts);
   if (const auto* flags = value.If<Variant::Shared<Boolean>>()) return ShownArray(**flags);

@@ -71,8 +71,8 @@ class ToolbarTest : public testing::Test {
   Rect BoundingRect();
   ButtonRect Cell(Long index);
   // The context of the strip's frame, and of its clean background.
-  Long Frame() { return VariableSnapshot::Of(Strip().painter()).Number(u"mBackbuffer"); }
-  Long Background() { return VariableSnapshot::Of(Strip().painter()).Number(u"mBackground"); }
+  Long Frame() { return VariableSnapshot::Of(*Strip().painter()).Number(u"mBackbuffer"); }
+  Long Background() { return VariableSnapshot::Of(*Strip().painter()).Number(u"mBackground"); }
 
   Trace& trace() { return world->trace; }
   std::string Hex(Long number) { return ToUtf8(HexText(number)); }

@@ -1,0 +1,12 @@
+#pragma once
+
+#include "toolbar/Buttons.h"
+
+namespace strandline {
+
+struct ButtonsAccess {
+  // As when there was no memory for the painter when the strip was made.
+  static void LosePainter(Buttons& strip) { strip.mPainter = nullptr; }
+};
+
+}  // namespace strandline
