@@ -132,6 +132,51 @@ TEST_F(HookPaint, Hook_WordPaintsFirst_OnlyUpToWord2002AndOnlyForANewBackgroundO
   }
 }
 
+// The whole sequence: where Word paints, it does so once, before the strip and not behind it.
+TEST_F(HookPaint, Hook_WordPaintsOnce_AndOnlyBeforeTheStrip) {
+  for (const char16_t* version : {kWord2000, kWord2002, kWord2003}) {
+    SCOPED_TRACE(ToUtf8(version));
+    BeginWithToolbar(WordOf(version));
+    const auto paint = [this] {
+      Hear();
+      trace().Only({"hook previous", "Buttons.HandlePaint"});
+      world->Send(wm::kPaint);
+      return trace().TakeText();
+    };
+    EXPECT_EQ(paint(), "Buttons.HandlePaint(top 1, False)\n");
+    SendSize();
+    EXPECT_EQ(paint(), "");
+    const bool wordPaints = String(version) != kWord2003;
+    EXPECT_EQ(paint(),
+              std::string(wordPaints ? "hook previous(bar 1, 15, 0, 0)\n" : "") + "Buttons.HandlePaint(top 1, True)\n");
+    EXPECT_EQ(paint(), "Buttons.HandlePaint(top 1, False)\n");
+  }
+}
+
+// The toolbar ends after the paint has found its strip and before the strip is asked for anything.
+TEST_F(HookPaint, Hook_APaintWhoseToolbarEndsBeforeTheStripIsAsked_PaintsTheStripThatItFound) {
+  for (const char16_t* version : {kWord2000, kWord2002, kWord2003}) {
+    SCOPED_TRACE(ToUtf8(version));
+    BeginWithToolbar(WordOf(version));
+    const Long top = world->Top();
+    trace().Listen(Trace::kLogs | Trace::kProcedures | Trace::kUses);
+    trace().Only({"Buttons.NeedToPaintBackground", "Buttons.HandlePaint", "log End Toolbar", "log Buttons terminated",
+                  "log BltBuffer"});
+    bool hasEnded = false;
+    trace().during = [&](const std::string& line) {
+      if (hasEnded || !line.starts_with("get Application Version")) return;
+      hasEnded = true;
+      toolbar->Terminate();
+    };
+    world->Send(wm::kPaint);
+    trace().during = nullptr;
+    const bool isAsked = String(version) != kWord2003;
+    EXPECT_EQ(trace().TakeText(), "log End Toolbar terminate of " + Hex(top) + "\n" +
+                                      (isAsked ? "Buttons.NeedToPaintBackground(top 1)\n" : "") +
+                                      "Buttons.HandlePaint(top 1, False)\nlog BltBuffer\nlog Buttons terminated\n");
+  }
+}
+
 TEST_F(HookPaint, Hook_OnWord2003_IsNotAskedForItsBackground) {
   BeginWithToolbar();
   Hear();
