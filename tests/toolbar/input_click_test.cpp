@@ -41,19 +41,6 @@ TEST_F(Click, AMove_ShowsTheTooltip_ThenDrawsBothCellsInOneContext) {
   EXPECT_EQ(Heard(), ShowLine(4) + Within("picture 103\n" + EdgeLine("dc 1", 4, 5)));
 }
 
-TEST_F(Click, ATooltip_IsAskedForWithTheObjectFirst_ThenTheWindow_ThenTheText) {
-  BeginWithCells();
-  trace().Listen(Trace::kUses | Trace::kWindows);
-  trace().Only({"get properties tooltip", "get Application Documents", "GetActiveWindow", "call tooltip"});
-  MoveTo(5);
-  const Trace::Lines lines = trace().Take();
-  // The first question for the window is the hook's own, whether the document's window is still in front.
-  const std::string window = "get Application Documents = Documents\nGetActiveWindow() = top 1\n";
-  EXPECT_EQ(AsText(lines), window + "get properties tooltip = tooltip\n" + window +
-                               "get properties tooltip = tooltip\n" + lines[lines.size() - 2] + "\n" + ShowLine(5));
-  EXPECT_TRUE(lines[lines.size() - 2].starts_with("call tooltip TooltipBackground("));
-}
-
 TEST_F(Click, APress_DrawsTheEdge_AndOnTheMenusCellSetsItsCaptionsBeforeItLetsTheContextGo) {
   BeginWithCells();
   MoveTo(3);
