@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "platform/convert.h"
+
 namespace strandline {
 
 namespace {
@@ -25,6 +27,8 @@ std::string ShownArray(const Array<T>& values) {
   for (const T& value : values.Elements()) {
     if constexpr (std::is_same_v<T, String>) {
       shown += " " + Quoted(value);
+    } else if constexpr (std::is_same_v<T, Variant>) {
+      shown += " " + Shown(value);
     } else {
       shown += " " + std::to_string(value);
     }
@@ -41,10 +45,12 @@ std::string Shown(const Variant& given) {
   if (value.IsNull()) return "Null";
   if (const String* text = value.If<String>()) return Quoted(*text);
   if (const Object* object = value.If<Object>()) return object->IsNothing() ? "Nothing" : "object";
-  if (const Picture* picture = value.If<Picture>()) return *picture ? "picture" : "Nothing";
+  if (const Date* date = value.If<Date>()) return "day " + ToUtf8(TextFromNumber(date->days));
+  if (const Picture* picture = value.If<Picture>()) return *picture ? "picture" : "no picture";
   if (const auto* bytes = value.If<Variant::Shared<Byte>>()) return ShownArray(**bytes);
   if (const auto* texts = value.If<Variant::Shared<String>>()) return ShownArray(**texts);
   if (const auto* flags = value.If<Variant::Shared<Boolean>>()) return ShownArray(**flags);
+  if (const auto* values = value.If<Variant::Shared<Variant>>()) return ShownArray(**values);
   return ToUtf8(value.ToText());
 }
 
