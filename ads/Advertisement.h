@@ -11,8 +11,6 @@
 
 namespace strandline {
 
-class Frame;
-
 class Advertisement final : public ClassObject {
  public:
   // settings: seven fields joined by "$" - start, end, rule, one that is kept free, filter, duration, address - as they
@@ -51,15 +49,13 @@ class Advertisement final : public ClassObject {
 
   // --- the schedule ---
 
-  // Both ends belong to the range. The current date is a midnight, so a start with a time leaves its own day out.
+  // Both ends belong to the range. Days are compared: the time of a date counts for nothing.
   Boolean InRepeatTiming(Date startDate, Date endDate, const String& repeatStr, Date currentDate);
   Boolean InRepeatDaily(const String& body, Date startDate, Date currentDate);
   Boolean InRepeatWeekly(const String& body, Date startDate, Date currentDate);
   Boolean InRepeatMonthly(const String& body, Date startDate, Date currentDate);
   Boolean InRepeatYearly(const String& body, Date currentDate);
   Boolean InRepeatEveryOther(const String& body, Date startDate, Integer dayRange, Date currentDate);
-  // A stretch of it: days to the current date, and the year whose months and February they were counted with.
-  Boolean CountDays(Frame& procedure, Date startDate, Date currentDate, Integer& workingYear, Integer& endDay);
   Integer NumberOfDaysInMonth(Integer workingYear, Integer workingMonth);
 
   // --- the filter ---

@@ -22,6 +22,7 @@ constexpr Integer kDaysOfYear = 365;
 
 TextView From(TextView text, std::size_t start) { return text.substr(std::min(start, text.size())); }
 
+// The empty text has no character code.
 char16_t CodeAt(TextView text, std::size_t position) {
   if (position >= text.size()) Raise(errors::kInvalidArgument);
   return text[position];
@@ -34,10 +35,12 @@ Integer IntegerIn(TextView text) { return RoundToInteger(NumberFromText(text)); 
 Boolean Advertisement::InRepeatTiming(Date startDate, Date endDate, const String& repeatStr, Date currentDate) {
   METHOD(Boolean, u"InRepeatTiming", startDate, endDate, repeatStr, currentDate);
   String body;
-  char16_t rule = 0;
-  REPORTS(body);
-  if (currentDate.days < startDate.days) return here.Leave();
-  if (currentDate.days > endDate.days) return here.Leave();
+  Long rule = 0;
+  REPORTS(body, rule);
+  CONDITION(isEarly, dates::DayNumber(currentDate) < dates::DayNumber(startDate));
+  if (isEarly) return here.Leave();
+  CONDITION(isLate, dates::DayNumber(currentDate) > dates::DayNumber(endDate));
+  if (isLate) return here.Leave();
   STEP(body = String(From(repeatStr, 1)));
   STEP(rule = CodeAt(repeatStr, 0));
   switch (rule) {
@@ -107,41 +110,33 @@ Boolean Advertisement::InRepeatEveryOther(const String& body, Date startDate, In
   Integer workingDay = 0;
   Integer endDay = 0;
   Integer workingYear = 0;
-  REPORTS(every, workingDay, endDay, workingYear);
+  Integer i = 0;
+  Integer last = 0;  // of the months or years that are counted
+  REPORTS(every, workingDay, endDay, workingYear, i, last);
   STEP(every = IntegerIn(body));
   STEP(workingDay = dates::Day(startDate));
   STEP(endDay = dates::Day(currentDate));
   STEP(workingYear = dates::Year(startDate));
-  RUN(CountDays(here, startDate, currentDate, workingYear, endDay));
+  CONDITION(isSameYear, dates::Year(currentDate) == workingYear);
+  if (isSameYear) {
+    STEP(i = dates::Month(startDate); last = static_cast<Integer>(dates::Month(currentDate) - 1));
+    for (; i <= last; ++i) STEP(endDay = ToInteger(endDay + NumberOfDaysInMonth(workingYear, i)));
+  } else {
+    STEP(i = dates::Month(startDate));
+    for (; i <= kMonths; ++i) STEP(endDay = ToInteger(endDay + NumberOfDaysInMonth(workingYear, i)));
+    STEP(workingYear = ToInteger(workingYear + 1));
+    STEP(i = workingYear; last = static_cast<Integer>(dates::Year(currentDate) - 1));
+    for (; i <= last; ++i) {
+      STEP(endDay = ToInteger(endDay + kDaysOfYear + NumberOfDaysInMonth(workingYear, kFebruary) - kDaysOfFebruary));
+    }
+    STEP(i = 1; last = static_cast<Integer>(dates::Month(currentDate) - 1));
+    for (; i <= last; ++i) STEP(endDay = ToInteger(endDay + NumberOfDaysInMonth(workingYear, i)));
+  }
   for (;;) {
     if (workingDay < endDay + dayRange && workingDay >= endDay) return here.result = true;
     STEP(workingDay = ToInteger(workingDay + every));
     if (workingDay > endDay) return here.Leave();
   }
-}
-
-Boolean Advertisement::CountDays(Frame& procedure, Date startDate, Date currentDate, Integer& workingYear,
-                                 Integer& endDay) {
-  STRETCH(procedure);
-  Integer startMonth = 0;
-  Integer year = 0;
-  Integer lastMonth = 0;
-  STEP(startMonth = dates::Month(startDate));
-  STEP(year = dates::Year(currentDate));
-  STEP(lastMonth = static_cast<Integer>(dates::Month(currentDate) - 1));
-  const auto addMonths = [&](Integer first, Integer last) {
-    for (Integer month = first; month <= last; ++month) {
-      STEP(endDay = ToInteger(endDay + NumberOfDaysInMonth(workingYear, month)));
-    }
-    return here.Done();
-  };
-  if (year == workingYear) return addMonths(startMonth, lastMonth);
-  RUN(addMonths(startMonth, kMonths));
-  STEP(workingYear = ToInteger(workingYear + 1));
-  for (Integer i = workingYear; i < year; ++i) {
-    STEP(endDay = ToInteger(endDay + kDaysOfYear + NumberOfDaysInMonth(workingYear, kFebruary) - kDaysOfFebruary));
-  }
-  return addMonths(1, lastMonth);
 }
 
 Integer Advertisement::NumberOfDaysInMonth(Integer workingYear, Integer workingMonth) {

@@ -136,13 +136,46 @@ TEST_F(AdScheduleTest, ARangeOfOneDay_ShowsOnIt) {
   for (const char16_t* rule : {u"D1", u"W1", u"D2", u"D30000", u"Mx7"}) EXPECT_TRUE(Shows(rule, day, day, day));
 }
 
-// A day begins at midnight, which is before any time of it.
-TEST_F(AdScheduleTest, AStartWithATime_LeavesItsOwnDayOut_AnEndWithOneDoesNot) {
-  const Date start = dates::WithTime(DateOn(2009, 3, 1), 64'800);
-  const Date end = dates::WithTime(DateOn(2009, 3, 3), 1);
-  const bool shows[] = {false, true, true, false};
-  for (unsigned i = 0; i < 4; ++i) EXPECT_EQ(Shows(u"D1", start, end, DateOn(2009, 3, 1 + i)), shows[i]) << i;
-  EXPECT_FALSE(Shows(u"D1", start, end, dates::WithTime(DateOn(2009, 3, 3), 2)));
+TEST_F(AdScheduleTest, ATimeOfADate_CountsForNothing) {
+  constexpr Long kTimes[] = {0, 1, 28'800, 86'399};  // seconds since midnight; 8:00 is the third
+  const bool shows[] = {false, true, true, true, false};
+  for (const Long start : kTimes) {
+    for (const Long end : kTimes) {
+      for (const Long current : kTimes) {
+        for (unsigned i = 0; i < 5; ++i) {
+          EXPECT_EQ(Shows(u"D1", dates::WithTime(DateOn(2009, 3, 2), start), dates::WithTime(DateOn(2009, 3, 4), end),
+                          dates::WithTime(DateOn(2009, 3, 1 + i), current)),
+                    shows[i])
+              << "3/" << 1 + i << ", seconds of start, end and current date: " << start << ", " << end << ", "
+              << current;
+        }
+      }
+    }
+  }
+}
+
+// A time before the first day of the calendar's count stands behind a number below zero.
+TEST_F(AdScheduleTest, ATimeOfADateBefore1900_CountsForNothing) {
+  const Date morning = dates::WithTime(DateOn(1899, 12, 20), 28'800);
+  const Date day = DateOn(1899, 12, 20);
+  EXPECT_TRUE(Shows(u"D1", morning, morning, day));
+  EXPECT_TRUE(Shows(u"D1", day, day, morning));
+  EXPECT_FALSE(Shows(u"D1", morning, morning, DateOn(1899, 12, 19)));
+  EXPECT_FALSE(Shows(u"D1", morning, morning, DateOn(1899, 12, 21)));
+}
+
+// Where a date can't be compared and execution goes on, it does so behind the comparison: the ad doesn't show.
+TEST_F(AdScheduleTest, ADateThatIsNone_IsAnErrorAndNothingShows) {
+  const Date day = DateOn(2009, 3, 2);
+  const Date none{1e9};
+  for (const Long answer : {Long{0}, vbwProtector::kIgnore}) {
+    floor->errors.Answer({answer});
+    EXPECT_FALSE(Shows(u"D1", none, day, day));
+    EXPECT_EQ(TakeErrors(), Lines{"5 Advertisement.InRepeatTiming"});
+    floor->errors.Answer({answer});
+    EXPECT_FALSE(Shows(u"D1", day, none, day));
+    EXPECT_EQ(TakeErrors(), Lines{"5 Advertisement.InRepeatTiming"});
+  }
 }
 
 TEST_F(AdScheduleTest, EverySecondDay_IsCountedFromTheStart) {
