@@ -24,19 +24,21 @@ void Advertisements::Initialize(Long hWnd) {
   Log(Joined(u"Advertisements initialize for ", Hex{hWnd}));
   mHwnd = hWnd;
   here.IgnoreErrors();
-  STEP(const Object document = CommonWordInteractionFunctions::Application().Get("ActiveDocument").ToObject();
-       mDocId = RoundToLong(NumberFromText(CommonPropertyFunctions::docId(document))));
+  STEP(mDocId = RoundToLong(NumberFromText(CommonPropertyFunctions::docId(
+           CommonWordInteractionFunctions::Application().Get("ActiveDocument").ToObject()))));
   UpdateToNewAds();
 }
 
 void Advertisements::UpdateToNewAds() {
   METHOD(void, u"UpdateToNewAds");
+  Array<Boolean> allAds;  // never sized
+  REPORTS(allAds);
   CONDITION(isNew, AdFactory().UpdateToNewAds(mHwnd, mWidth, mHeight, mAds_ubound));
   if (!isNew) return;
   Log(Joined(u"Updated to ", Long{mAds_ubound} + 1, u" new ads of size ", mWidth, u" x ", mHeight));
   InitializeBackBuffer();
   STEP(mVisibleArray.Size(0, mAds_ubound));
-  ReinitializeVisibleArray({});
+  ReinitializeVisibleArray(allAds);
 }
 
 // The index stays: after a load the panel shows whichever ad now stands there.
@@ -51,8 +53,7 @@ void Advertisements::CopyDC(Long& destHdc, Long srcHdc) {
   METHOD(void, u"CopyDC", destHdc, srcHdc);
   Graphics& graphics = platform::Graphics();
   if (destHdc != 0) {
-    const Long bitmap = graphics.CreateCompatibleBitmap(srcHdc, mWidth, mHeight);
-    graphics.DeleteObject(graphics.SelectObject(destHdc, bitmap));
+    graphics.DeleteObject(graphics.SelectObject(destHdc, graphics.CreateCompatibleBitmap(srcHdc, mWidth, mHeight)));
   } else {
     destHdc = graphics.CreateCompatibleDC(srcHdc);
     mOldHandle = graphics.SelectObject(destHdc, graphics.CreateCompatibleBitmap(srcHdc, mWidth, mHeight));
@@ -75,61 +76,47 @@ Boolean Advertisements::isEmptyArrayBoolean(const Array<Boolean>& testArray) {
 // After a value has changed only the ads that depend on it are asked, and all others leave the rotation of this window
 // until the next full update: a reader whose answer an ad is about sees that ad. The ad on screen stays, even one that
 // may no longer show, until the rotation goes on.
-void Advertisements::ReinitializeVisibleArray(const Array<Boolean>& visibleUpdateArray) {
+void Advertisements::ReinitializeVisibleArray(Array<Boolean>& visibleUpdateArray) {
   METHOD(void, u"ReinitializeVisibleArray", visibleUpdateArray);
-  Array<Boolean> toTest;
+  Long last = -1;
   Long i = 0;
-  REPORTS(toTest, i);
+  REPORTS(last, i);
   mMoreThanOneAdIsVisible = false;
   if (mAds_ubound == -1) return;
-  toTest = visibleUpdateArray;
-  if (isEmptyArrayBoolean(toTest)) {
-    STEP(toTest.Size(0, mAds_ubound); for (Long each = 0; each <= mAds_ubound; ++each) toTest(each) = true);
+  if (isEmptyArrayBoolean(visibleUpdateArray)) {
+    STEP(visibleUpdateArray.Size(0, mAds_ubound));
+    for (i = 0; i <= mAds_ubound; ++i) STEP(visibleUpdateArray(i) = true);
   }
-  RUN(FindVisible(here, toTest, i));
-  RUN(FindMoreVisible(here, toTest, i));
-  ReprimeTimerCycle(false);
-}
-
-Boolean Advertisements::FindVisible(Frame& procedure, const Array<Boolean>& visibleUpdateArray, Long& i) {
-  STRETCH(procedure);
-  Long last = -1;
   STEP(last = visibleUpdateArray.Upper());
   for (i = 0; i <= last; ++i) {
-    Boolean isVisible = false;
-    RUN(TestAd(procedure, visibleUpdateArray, i, isVisible));
-    if (isVisible) break;
+    CONDITION(isNamed, visibleUpdateArray(i));
+    if (isNamed) {
+      STEP(mVisibleArray(i) = Required(AdFactory().Advertisement(ToInteger(i))).visible());
+      CONDITION(isVisible, mVisibleArray(i));
+      if (isVisible) break;
+    } else {
+      STEP(mVisibleArray(i) = false);
+    }
   }
-  return here.Done();
-}
-
-Boolean Advertisements::FindMoreVisible(Frame& procedure, const Array<Boolean>& visibleUpdateArray, Long i) {
-  STRETCH(procedure);
-  Long last = -1;
-  STEP(last = visibleUpdateArray.Upper());
-  while (++i <= last) {
-    Boolean isVisible = false;
-    RUN(TestAd(procedure, visibleUpdateArray, i, isVisible));
-    if (isVisible) mMoreThanOneAdIsVisible = true;
+  for (++i; i <= last; ++i) {
+    CONDITION(isNamed, visibleUpdateArray(i));
+    if (isNamed) {
+      STEP(mVisibleArray(i) = Required(AdFactory().Advertisement(ToInteger(i))).visible());
+      CONDITION(isVisible, mVisibleArray(i));
+      if (isVisible) mMoreThanOneAdIsVisible = true;
+    } else {
+      STEP(mVisibleArray(i) = false);
+    }
   }
-  return here.Done();
-}
-
-Boolean Advertisements::TestAd(Frame& procedure, const Array<Boolean>& visibleUpdateArray, Long i, Boolean& isVisible) {
-  STRETCH(procedure);
-  CONDITION(isNamed, visibleUpdateArray(i));
-  if (!isNamed) {
-    STEP(mVisibleArray(i) = false);
-    return here.Done();
-  }
-  STEP(mVisibleArray(i) = Required(AdFactory().Advertisement(ToInteger(i))).visible());
-  STEP(isVisible = mVisibleArray(i));
-  return here.Done();
+  ReprimeTimerCycle(false);
 }
 
 void Advertisements::ValueChanged(const Array<Boolean>& ads) {
   METHOD(void, u"ValueChanged", ads);
-  ReinitializeVisibleArray(ads);
+  Array<Boolean> visibleUpdateArray;
+  REPORTS(visibleUpdateArray);
+  STEP(visibleUpdateArray = ads);
+  ReinitializeVisibleArray(visibleUpdateArray);
 }
 
 void Advertisements::getPictureStats(Long& hdc, Long& width, Long& height) {

@@ -39,12 +39,8 @@ class Advertisements final : public AdPanel {
   void UpdateToNewAds();
   void InitializeBackBuffer();
   Boolean isEmptyArrayBoolean(const Array<Boolean>& testArray);
-  // An ad that the array doesn't name drops out; an array never sized names all.
-  void ReinitializeVisibleArray(const Array<Boolean>& visibleUpdateArray);
-  // Stretches of it: to the first ad that may show, and whether there is another behind it.
-  Boolean FindVisible(Frame& procedure, const Array<Boolean>& visibleUpdateArray, Long& i);
-  Boolean FindMoreVisible(Frame& procedure, const Array<Boolean>& visibleUpdateArray, Long i);
-  Boolean TestAd(Frame& procedure, const Array<Boolean>& visibleUpdateArray, Long i, Boolean& isVisible);
+  // An ad that the array doesn't name drops out; an array never sized names all, and is written so.
+  void ReinitializeVisibleArray(Array<Boolean>& visibleUpdateArray);
   void CopyDC(Long& destHdc, Long srcHdc);
   void DeleteMyDC();
   void Terminated() override;

@@ -22,7 +22,7 @@ void AdvertisementsFactory::Initialize(const Object& callbackToMain) {
   STEP(auto* const stub = dynamic_cast<AdvertisementsCallbackStub*>(callbackToMain.Target());
        if (!stub && !callbackToMain.IsNothing()) Raise(errors::kTypeMismatch);
        mCallbackToMain = Ref<AdvertisementsCallbackStub>(stub));
-  mLastSignature = u"__UNINITIALIZED__";
+  STEP(mLastSignature = u"__UNINITIALIZED__");
   if (mCallbackToMe) mCallbackToMe->Unadvise(&mFromStub);
   STEP(mCallbackToMe = New<AdvertisementsCallbackStub>());
   STEP(Required(mCallbackToMe).Advise(&mFromStub));
@@ -111,7 +111,9 @@ Boolean AdvertisementsFactory::needsUpdate(Long hWnd) {
 
 void AdvertisementsFactory::removeUpdatedWindow(Long hWnd) {
   METHOD(void, u"removeUpdatedWindow", hWnd);
-  if (mUpdatedAds && mUpdatedAds->Exists(hWnd)) STEP(mUpdatedAds->Remove(hWnd));
+  if (!mUpdatedAds) return;
+  CONDITION(isUpdated, mUpdatedAds->Exists(hWnd));
+  if (isUpdated) STEP(mUpdatedAds->Remove(hWnd));
 }
 
 void AdvertisementsFactory::ResetClientsNeedToUpdateList() {
@@ -126,7 +128,8 @@ Ref<::strandline::Advertisement> AdvertisementsFactory::Advertisement(Integer in
   return here.Leave();
 }
 
-void AdvertisementsFactory::AlphaBlend(Long targetHdc, Integer previousIndex, Integer currentIndex, Single percentage) {
+void AdvertisementsFactory::AlphaBlend(Long& targetHdc, Integer& previousIndex, Integer& currentIndex,
+                                       Single& percentage) {
   METHOD(void, u"AlphaBlend", targetHdc, previousIndex, currentIndex, percentage);
   if (mAlphaBlender) mAlphaBlender->AlphaBlend(targetHdc, previousIndex, currentIndex, percentage);
 }
@@ -145,7 +148,7 @@ void AdvertisementsFactory::Terminated() {
     if (mCallbackToMe) mCallbackToMe->Unadvise(&mFromStub);
     mCallbackToMe = nullptr;
     if (mListenKeys) {
-      mListenKeys->RemoveAll();
+      STEP(mListenKeys->RemoveAll());
       STEP(Required(mUpdatedAds).RemoveAll());
     }
     DeleteMyDC();

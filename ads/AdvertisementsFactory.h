@@ -46,7 +46,7 @@ class AdvertisementsFactory final : public AdvertisementsFactoryInterface {
   // Raises 9 inside for an index that isn't there, and gives Nothing.
   Ref<::strandline::Advertisement> Advertisement(Integer index);
   // As AlphaBlender's; nothing before the first load.
-  void AlphaBlend(Long targetHdc, Integer previousIndex, Integer currentIndex, Single percentage);
+  void AlphaBlend(Long& targetHdc, Integer& previousIndex, Integer& currentIndex, Single& percentage);
   void removeUpdatedWindow(Long hWnd);
 
   // The stub that outsiders are handed.
@@ -75,15 +75,12 @@ class AdvertisementsFactory final : public AdvertisementsFactoryInterface {
   // --- refresh ---
   void InitializeDefaultAd();
   void CheckForNewAds(Boolean abortAfterFiveSeconds);
-  void AskForNewAds(Boolean abortAfterFiveSeconds);
+  void AskForNewAds(Boolean& abortAfterFiveSeconds);
   void mCallbackToMe_NewAdvertisementsChanged(Boolean abortedAfterFiveSeconds);
   void mCallbackToMe_ValueChanged(String& key, String& value);
   void mListenKeyStub_NewAdvertisementsChanged(Boolean abortedAfterFiveSeconds);
   void mListenKeyStub_ValueChanged(String& key, String& value);
   void NewAdvertisementsEvent(Boolean abortedAfterFiveSeconds);
-  // A stretch of NewAdvertisementsEvent.
-  Boolean TakeLibrary(Frame& procedure, Long hModule, Integer& uboundImages, Date currentDate,
-                      Boolean abortedAfterFiveSeconds);
   void ValueChanged(String& key, String& value);
 
   // --- the library ---
@@ -92,9 +89,6 @@ class AdvertisementsFactory final : public AdvertisementsFactoryInterface {
   void ResetClientsNeedToUpdateList();
   // uboundImages: the highest index; written, when fewer ads are left.
   void LoadAds(Long hModule, Integer& uboundImages, Date currentDate);
-  // Stretches of LoadAds.
-  Boolean ReadAds(Frame& procedure, Long hModule, Integer uboundImages, Date currentDate, AdArray& ads, Integer& count);
-  Boolean ComposeAds(Frame& procedure, Integer uboundImages, AdArray& ads, const Ref<Dictionary>& listenMap);
   // The text, a NUL, and blanks to 512 characters; the NUL at once when the module has no such string.
   String getString(Long hModule, Integer id);
   void AddListenKeys(Integer adId, const Array<String>& listenKeys, const Ref<Dictionary>& listenMap,

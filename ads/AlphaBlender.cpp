@@ -31,39 +31,34 @@ void FreeContext(Long hdc, Long oldHandle) {
 
 }  // namespace
 
-void AlphaBlender::Initialize(Integer width, Integer height) {
+void AlphaBlender::Initialize(Integer& width, Integer& height) {
   METHOD(void, u"Initialize", width, height);
   mWidth = width;
   mHeight = height;
   mCache = CommonPropertyFunctions::Dictionary();
   mOldHandles = CommonPropertyFunctions::Dictionary();
-  mPlaces.clear();
   STEP(mAlphaBlender = platform::Components().CreateObject(u"AlphaBlender.Main2"));
   STEP(mAlphaBlender.Call("Create", Variant::ByRef(width), Variant::ByRef(height)));
 }
 
 // A blend that can't be made is let go of, or a component that always fails would cost two handles at each step.
-void AlphaBlender::AlphaBlend(Long targetHdc, Integer previousIndex, Integer currentIndex, Single percentage) {
+void AlphaBlender::AlphaBlend(Long& targetHdc, Integer& previousIndex, Integer& currentIndex, Single& percentage) {
   METHOD(void, u"AlphaBlend", targetHdc, previousIndex, currentIndex, percentage);
   Graphics& graphics = platform::Graphics();
-  Long blendHdc = 0;
-  Long oldHandle = 0;
-  REPORTS(blendHdc, oldHandle);
-  blendHdc = cache(previousIndex, currentIndex, percentage);
+  Long blendHdc = cache(previousIndex, currentIndex, percentage);
   if (blendHdc == 0) {
     blendHdc = graphics.CreateCompatibleDC(targetHdc);
-    oldHandle = graphics.SelectObject(blendHdc, graphics.CreateCompatibleBitmap(targetHdc, mWidth, mHeight));
+    const Long made = blendHdc;  // the component may put another context in its place
+    const Long oldHandle = graphics.SelectObject(blendHdc, graphics.CreateCompatibleBitmap(targetHdc, mWidth, mHeight));
     try {
       Required(mOldHandles).Add(blendHdc, oldHandle);
       const Long previousHdc = Required(AdFactory().Advertisement(previousIndex)).hdc();
       const Long currentHdc = Required(AdFactory().Advertisement(currentIndex)).hdc();
-      Long handedHdc = blendHdc;  // the component may write to both
-      Single handedShare = percentage;
-      mAlphaBlender.Call("AlphaBlend", Variant::ByRef(handedHdc), Integer{0}, Integer{0}, previousHdc, currentHdc,
-                         Variant::ByRef(handedShare));
+      mAlphaBlender.Call("AlphaBlend", Variant::ByRef(blendHdc), Integer{0}, Integer{0}, previousHdc, currentHdc,
+                         Variant::ByRef(percentage));
     } catch (...) {
-      if (mOldHandles && mOldHandles->Exists(blendHdc)) mOldHandles->Remove(blendHdc);
-      FreeContext(blendHdc, oldHandle);
+      if (mOldHandles && mOldHandles->Exists(made)) mOldHandles->Remove(made);
+      FreeContext(made, oldHandle);
       throw;
     }
     cache(previousIndex, currentIndex, percentage, blendHdc);
@@ -73,31 +68,45 @@ void AlphaBlender::AlphaBlend(Long targetHdc, Integer previousIndex, Integer cur
 
 Long AlphaBlender::cache(Integer previousIndex, Integer currentIndex, Single percentage) {
   METHOD(Long, u"cache[Get]", previousIndex, currentIndex, percentage);
-  const auto found = mPlaces.find(Packed(previousIndex, currentIndex, percentage));
-  if (found != mPlaces.end()) STEP(here.result = Required(mCache).ItemAt(found->second).ToLong());
+  String key;
+  REPORTS(key);
+  key = hash(previousIndex, currentIndex, percentage);
+  CONDITION(isKept, Required(mCache).Exists(key));
+  if (isKept) STEP(here.result = Required(mCache).Item(key).ToLong());
   return here.Leave();
 }
 
 void AlphaBlender::cache(Integer previousIndex, Integer currentIndex, Single percentage, Long blendHdc) {
   METHOD(void, u"cache[Let]", previousIndex, currentIndex, percentage, blendHdc);
   STEP(Required(mCache).Add(hash(previousIndex, currentIndex, percentage), blendHdc));
-  STEP(mPlaces[Packed(previousIndex, currentIndex, percentage)] = Required(mCache).Count() - 1);
 }
 
 String AlphaBlender::hash(Integer previousIndex, Integer currentIndex, Single percentage) {
   METHOD(String, u"hash", previousIndex, currentIndex, percentage);
-  STEP(here.result = Concat(
-           {DecimalText(previousIndex), kBetween, DecimalText(currentIndex), kBetween, TextFromSingle(percentage)}));
+  STEP(String& key = mKeys[Packed(previousIndex, currentIndex, percentage)];
+       if (key.IsEmpty()) key = Concat(
+           {DecimalText(previousIndex), kBetween, DecimalText(currentIndex), kBetween, TextFromSingle(percentage)});
+       here.result = key);
   return here.Leave();
 }
 
 void AlphaBlender::Terminated() {
   METHOD(void, u"Class_Terminate");
+  Long count = 0;
+  Long i = 0;
   Long handle = 0;
-  REPORTS(handle);
-  for (Long i = 0; mCache && i < mCache->Count(); ++i) {
-    STEP(handle = mCache->ItemAt(i).ToLong());
+  REPORTS(count, i, handle);
+  STEP(count = Required(mCache).Count());
+  for (i = 0; i < count; ++i) {
+    STEP(handle = Required(mCache).ItemAt(i).ToLong());
     STEP(FreeContext(handle, Required(mOldHandles).Item(handle).ToLong()));
+    STEP(Required(mOldHandles).Remove(handle));
+  }
+  // What is left are blends that the cache couldn't take.
+  STEP(count = Required(mOldHandles).Count());
+  for (i = 0; i < count; ++i) {
+    STEP(handle = Required(mOldHandles).KeyAt(i).ToLong());
+    STEP(FreeContext(handle, Required(mOldHandles).ItemAt(i).ToLong()));
   }
   Log(u"Alphablender terminated");
 }

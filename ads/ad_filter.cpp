@@ -36,22 +36,28 @@ bool Fits(TextView value, TextView token) {
 
 Array<String> Advertisement::listenKeys() {
   METHOD(Array<String>, u"listenKeys[Get]");
+  Long last = -1;
+  Long i = 0;
+  REPORTS(last, i);
   STEP(here.result = Split(mFilter, u'~'));
-  for (Long i = 0; i <= here.result.Upper(); ++i) STEP(here.result(i) = String(NameIn(here.result(i))));
+  STEP(last = here.result.Upper());
+  for (i = 0; i <= last; ++i) STEP(here.result(i) = String(NameIn(here.result(i))));
   return here.Leave();
 }
 
 Boolean Advertisement::visible() {
   METHOD(Boolean, u"visible[Get]");
+  String filter;
+  String clause;
   String name;
   String compare;
-  REPORTS(name, compare);
+  REPORTS(filter, clause, name, compare);
   if (mFilter.IsEmpty()) return here.result = true;
-  // Reading a value lets the product act.
-  const String filter = mFilter;
+  filter = mFilter;  // reading a value lets the product act, which may load the ads anew
   Pieces clauses(filter, u'~');
-  for (TextView clause; clauses.Next(clause);) {
-    if (clause.empty()) continue;
+  for (TextView next; clauses.Next(next);) {
+    if (next.empty()) continue;
+    STEP(clause = next);
     STEP(name = String(NameIn(clause)));
     compare = CommonPropertyFunctions::PropertyValue(name);
     CONDITION(isHidden, !InFilterToken(compare, TokensIn(clause)));

@@ -21,40 +21,34 @@ constexpr ModuleFile kModule{&kModuleInfo, 2000};
 constexpr Integer kBuiltInPicture = 116;
 constexpr std::size_t kSettingsBuffer = 512;  // characters
 
+// The elements from 0 to `last`.
+AdArray FirstOf(const AdArray& ads, Integer last) {
+  AdArray first(0, last);
+  for (Long i = 0; i <= last; ++i) first(i) = ads(i);
+  return first;
+}
+
 }  // namespace
 
 void AdvertisementsFactory::LoadAds(Long hModule, Integer& uboundImages, Date currentDate) {
   METHOD(void, u"LoadAds", hModule, uboundImages, currentDate);
   AdArray ads;
   Integer count = 0;
+  Long i = 0;
+  Ref<::strandline::Advertisement> ad;
+  Picture image;
+  String settings;
   Ref<Dictionary> listenMap;
-  REPORTS(ads, count, listenMap);
+  Integer left = 0;
+  Integer top = 0;
+  REPORTS(ads, count, i, ad, image, settings, listenMap, left, top);
   Log(u"LoadAds");
   ResetClientsNeedToUpdateList();
   STEP(ads.Size(0, uboundImages));
   mWidth = 0;
   mHeight = 0;
-  RUN(ReadAds(here, hModule, uboundImages, currentDate, ads, count));
-  if (count - 1 < uboundImages && count > 0) {
-    STEP(uboundImages = ToInteger(count - 1); AdArray kept(0, uboundImages);
-         for (Long i = 0; i <= uboundImages; ++i) kept(i) = ads(i); ads = kept);
-  }
-  listenMap = CommonPropertyFunctions::Dictionary();
-  RUN(ComposeAds(here, uboundImages, ads, listenMap));
-  STEP(mAlphaBlender = New<AlphaBlender>());
-  STEP(Required(mAlphaBlender).Initialize(mWidth, mHeight));
-  mAds = ads;
-  mListenKeys = listenMap;
-}
-
-// The ads that may show at all today, without gaps, and the size of the largest.
-Boolean AdvertisementsFactory::ReadAds(Frame& procedure, Long hModule, Integer uboundImages, Date currentDate,
-                                       AdArray& ads, Integer& count) {
-  STRETCH(procedure);
-  for (Long i = 0; i <= uboundImages; ++i) {
-    Ref<::strandline::Advertisement> ad;
-    Picture image;
-    String settings;
+  // The ads that may show at all today, without gaps, and the size of the largest.
+  for (i = 0; i <= uboundImages; ++i) {
     STEP(ad = New<::strandline::Advertisement>());
     if (i == 0) {
       image = LoadImageFromResource::LoadResGifJpgBmp(kBuiltInPicture, 0);
@@ -70,22 +64,22 @@ Boolean AdvertisementsFactory::ReadAds(Frame& procedure, Long hModule, Integer u
     STEP(ads(count) = ad);
     STEP(count = ToInteger(count + 1));
   }
-  return here.Done();
-}
-
-// All ads are cut from the middle of the background at one size, so that any two can be blended.
-Boolean AdvertisementsFactory::ComposeAds(Frame& procedure, Integer uboundImages, AdArray& ads,
-                                          const Ref<Dictionary>& listenMap) {
-  STRETCH(procedure);
-  for (Long i = 0; i <= uboundImages; ++i) {
-    Integer left = 0;
-    Integer top = 0;
+  if (count - 1 < uboundImages && count > 0) {
+    STEP(uboundImages = ToInteger(count - 1));
+    STEP(ads = FirstOf(ads, uboundImages));
+  }
+  listenMap = CommonPropertyFunctions::Dictionary();
+  // All ads are cut from the middle of the background at one size, so that any two can be blended.
+  for (i = 0; i <= uboundImages; ++i) {
     STEP(left = RoundToInteger((static_cast<Double>(mMaxWidth) - mWidth) / 2));
     STEP(top = RoundToInteger((static_cast<Double>(mMaxHeight) - mHeight) / 2));
     STEP(Required(ads(i)).InitBackBuffer(mHdc, left, top, mWidth, mHeight));
     STEP(AddListenKeys(ToInteger(i), Required(ads(i)).listenKeys(), listenMap, uboundImages));
   }
-  return here.Done();
+  STEP(mAlphaBlender = New<AlphaBlender>());
+  STEP(Required(mAlphaBlender).Initialize(mWidth, mHeight));
+  STEP(mAds = ads);
+  mListenKeys = listenMap;
 }
 
 String AdvertisementsFactory::getString(Long hModule, Integer id) {
@@ -99,9 +93,11 @@ String AdvertisementsFactory::getString(Long hModule, Integer id) {
 void AdvertisementsFactory::AddListenKeys(Integer adId, const Array<String>& listenKeys,
                                           const Ref<Dictionary>& listenMap, Integer uboundAds) {
   METHOD(void, u"AddListenKeys", adId, listenKeys, listenMap, uboundAds);
+  String key;
   Array<Boolean> ads;
-  REPORTS(ads);
-  for (const String& key : listenKeys.Elements()) {
+  REPORTS(key, ads);
+  for (const String& each : listenKeys.Elements()) {
+    key = each;
     STEP(CommonPropertyFunctions::properties().Call("AddListener", key, Object(mCallbackToMe)));
     CONDITION(isKnown, Required(listenMap).Exists(key));
     if (isKnown) {

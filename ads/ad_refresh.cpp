@@ -1,11 +1,10 @@
 // What brings a new ad library into use, and how a changed value reaches the panels. The library file is only mapped
 // for its resources, and nothing is read of it before it has passed its verification.
 
-#include <cmath>
-
 #include "ads/AdvertisementsFactory.h"
 #include "drawing/ToolbarUtilities.h"
 #include "foundation/CommonLogger.h"
+#include "platform/dates.h"
 #include "platform/platform.h"
 #include "wordaccess/CommonPropertyFunctions.h"
 
@@ -38,7 +37,7 @@ void AdvertisementsFactory::CheckForNewAds(Boolean abortAfterFiveSeconds) {
 
 // What CheckForNewAds is to do once it is switched on. The worker fetches in the background and reports to the stub;
 // after the first paint it is asked for a quick look only, which must not hold things up.
-void AdvertisementsFactory::AskForNewAds(Boolean abortAfterFiveSeconds) {
+void AdvertisementsFactory::AskForNewAds(Boolean& abortAfterFiveSeconds) {
   METHOD(void, u"AskForNewAds", abortAfterFiveSeconds);
   if (mDownloadWorker.IsNothing()) {
     STEP(mDownloadWorker = platform::Components().CreateObject(kDownloadComponent));
@@ -69,49 +68,43 @@ void AdvertisementsFactory::mListenKeyStub_ValueChanged(String& key, String& val
   ValueChanged(key, value);
 }
 
+// A bad file is remembered by its signature like a good one, so that it is looked at once only.
 void AdvertisementsFactory::NewAdvertisementsEvent(Boolean abortedAfterFiveSeconds) {
   METHOD(void, u"NewAdvertisementsEvent", abortedAfterFiveSeconds);
   Date currentDate;
   Long hModule = 0;
+  Object verifier;
+  String signature;
   Integer uboundImages = 0;
-  REPORTS(currentDate, hModule, uboundImages);
+  REPORTS(currentDate, hModule, verifier, signature, uboundImages);
   Log(u"NewAdvertisementsEvent");
-  currentDate.days = std::floor(platform::RunTime().Now().days);
+  STEP(currentDate = dates::WithoutTime(platform::RunTime().Now()));
   STEP(hModule = platform::Modules().LoadLibraryA(LibraryPath()));
   if (hModule == 0) {
     Log(u"Vistrel.dll is missing", CommonLogger::kFailure);
     LoadAds(0, uboundImages, currentDate);
   } else {
-    RUN(TakeLibrary(here, hModule, uboundImages, currentDate, abortedAfterFiveSeconds));
+    STEP(verifier = platform::Components().CreateObject(kDownloadComponent).Call("CreateDSAVerify").ToObject());
+    STEP(uboundImages = verifier.Call("verifyDLL", LibraryPath(), Variant::ByRef(signature)).ToInteger());
+    if (uboundImages < 0) uboundImages = 0;
+    if (signature == mLastSignature) {
+      Log(u"NewAdvertisementsEvent: skip processing same ads");
+      if (abortedAfterFiveSeconds) CheckForNewAds(false);
+    } else {
+      Log(u"NewAdvertisementsEvent: downloaded updated ads");
+      mLastSignature = signature;
+      if (uboundImages > 0) {
+        LoadAds(hModule, uboundImages, currentDate);
+        if (abortedAfterFiveSeconds) CheckForNewAds(false);
+      } else {
+        Log(u"Failed verification of image DLL", CommonLogger::kFailure);
+        LoadAds(0, uboundImages, currentDate);
+      }
+    }
   }
   // Pictures and strings are copies by now.
   platform::Modules().FreeLibrary(hModule);
   Log(u"Finished NewAdvertisementsEvent");
-}
-
-// A bad file is remembered by its signature like a good one, so that it is looked at once only.
-Boolean AdvertisementsFactory::TakeLibrary(Frame& procedure, Long hModule, Integer& uboundImages, Date currentDate,
-                                           Boolean abortedAfterFiveSeconds) {
-  STRETCH(procedure);
-  Object verifier;
-  String signature;
-  STEP(verifier = platform::Components().CreateObject(kDownloadComponent).Call("CreateDSAVerify").ToObject());
-  STEP(uboundImages = verifier.Call("verifyDLL", LibraryPath(), Variant::ByRef(signature)).ToInteger());
-  if (uboundImages < 0) uboundImages = 0;
-  if (signature == mLastSignature) {
-    Log(u"NewAdvertisementsEvent: skip processing same ads");
-  } else {
-    Log(u"NewAdvertisementsEvent: downloaded updated ads");
-    mLastSignature = signature;
-    if (uboundImages <= 0) {
-      Log(u"Failed verification of image DLL", CommonLogger::kFailure);
-      LoadAds(0, uboundImages, currentDate);
-      return here.Done();
-    }
-    LoadAds(hModule, uboundImages, currentDate);
-  }
-  if (abortedAfterFiveSeconds) CheckForNewAds(false);
-  return here.Done();
 }
 
 // `value` goes no further than the toolbars: each ad reads its values anew.

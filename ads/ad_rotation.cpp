@@ -38,13 +38,17 @@ void Advertisements::TimerTick(Long hWnd, AdStrip& theButtons) {
 // any case: a set of fewer ads may have left the start behind its end, where no search would meet it.
 void Advertisements::TickStartFade(Long hWnd, AdStrip& theButtons) {
   METHOD(void, u"TickStartFade", hWnd, theButtons);
+  Integer start = 0;
+  Long passed = 0;
+  REPORTS(start, passed);
   platform::Windows().KillTimer(hWnd, kAdTimer);
   UpdateToNewAds();
   if (mAds_ubound < 1) return;
   mPreviousIndex = mCurrentIndex;
-  for (Long passed = 0;; ++passed) {
+  start = mCurrentIndex;
+  for (;; ++passed) {
     mCurrentIndex = static_cast<Integer>((Long{mCurrentIndex} + 1) % (Long{mAds_ubound} + 1));
-    if (mCurrentIndex == mPreviousIndex || passed > mAds_ubound) {
+    if (mCurrentIndex == start || passed > mAds_ubound) {
       mCyclingAds = false;
       return;
     }
@@ -78,7 +82,7 @@ void Advertisements::TickEndFade(Long hWnd, AdStrip& theButtons) {
 void Advertisements::SwitchListener(Long hWnd) {
   METHOD(void, u"SwitchListener", hWnd);
   mFadeTick = 0;
-  STEP(AdFactory().AlphaBlend(mTargetHdc, mPreviousIndex, mCurrentIndex, 1.0F));
+  STEP(Single whole = 1; AdFactory().AlphaBlend(mTargetHdc, mPreviousIndex, mCurrentIndex, whole));
   Log(u"Switch listener");
   PrimeTimerCycle(hWnd, true);
 }
@@ -96,9 +100,11 @@ void Advertisements::ReprimeTimerCycle(Boolean forceRestart) {
 // A rotation that runs isn't disturbed unless it is forced.
 void Advertisements::PrimeTimerCycle(Long hWnd, Boolean forceRestart) {
   METHOD(void, u"PrimeTimerCycle", hWnd, forceRestart);
+  Boolean isActive = false;
+  REPORTS(isActive);
   if (!forceRestart && mCyclingAds) return;
   platform::Windows().KillTimer(hWnd, kAdTimer);
-  const Boolean isActive = ImActiveDocument();
+  isActive = ImActiveDocument();
   mCyclingAds = forceRestart || (isActive && mMoreThanOneAdIsVisible);
   if (mCyclingAds) {
     STEP(platform::Windows().SetTimer(hWnd, kAdTimer, Required(currentAd()).Duration(), nullptr));
@@ -113,8 +119,8 @@ Boolean Advertisements::ImActiveDocument() {
     here.result = true;
   } else {
     here.IgnoreErrors();
-    STEP(const Object document = CommonWordInteractionFunctions::Application().Get("ActiveDocument").ToObject();
-         here.result = NumberFromText(CommonPropertyFunctions::docId(document)) == mDocId);
+    STEP(here.result = NumberFromText(CommonPropertyFunctions::docId(
+                           CommonWordInteractionFunctions::Application().Get("ActiveDocument").ToObject())) == mDocId);
   }
   Log(Joined(u"ImActiveDocument for [", Hex{mDocId}, u"] = ", here.result));
   return here.Leave();

@@ -253,6 +253,17 @@ TEST_F(AdLibrary, Create_TakesABackgroundOnlyWhenThereIsNone_AndTheFirstPaintRep
   EXPECT_EQ(world->Bitmaps(), bitmaps + 2);
 }
 
+TEST_F(AdLibrary, APanelThatIsMadeAfterALoad_HasTheAdsAtOnce) {
+  BeginWith({{.width = 41}});
+  Paint();
+  const Ref<AdPanel> panel = Factory().Create(77, 1, 1, 30, 20);
+  const VariableSnapshot variables = VariableSnapshot::Of(*panel);
+  EXPECT_EQ(variables.Number(u"mHwnd"), 77);
+  EXPECT_NE(variables.Number(u"mTargetHdc"), 0);
+  EXPECT_EQ(variables.Number(u"mAds_ubound"), 1);
+  EXPECT_NE(variables.Number(u"mDocId"), 0);
+}
+
 TEST_F(AdLibrary, AWindowIsToldOfALoadOnce) {
   BeginWith({{.width = 41, .height = 40}});
   Long width = -1;

@@ -1,6 +1,7 @@
 // What brings a library into use, what keeps one out, and the way of a changed value to the panels.
 
 #include "drawing/ToolbarUtilities.h"
+#include "platform/dates.h"
 #include "tests/ads/ads_fixture.h"
 
 namespace strandline {
@@ -183,7 +184,7 @@ TEST_F(AdRefresh, AHighestIndexBeyondThePictures_CostsTheirSearchAlone) {
 
 TEST_F(AdRefresh, AskForNewAds_MakesTheWorkerOnce_AndTellsItAddressPathAndPatience) {
   Begin();
-  for (const Boolean abort : {true, false}) {
+  for (Boolean abort : {true, false}) {
     Inside::AskForNewAds(Factory(), abort);
     ASSERT_EQ(asked.size(), 4u);
     EXPECT_TRUE(asked[0].ToObject().Target() == Factory().callbackToMe().get());
@@ -198,11 +199,84 @@ TEST_F(AdRefresh, AskForNewAds_MakesTheWorkerOnce_AndTellsItAddressPathAndPatien
 TEST_F(AdRefresh, AskForNewAds_WithoutTheComponent_IsReported_AndTriesAgainNextTime) {
   Begin();
   world->desk.Components().SetMissing(u"StrandlineDownload.Main2", true);
-  Inside::AskForNewAds(Factory(), true);
+  Boolean abort = true;
+  Inside::AskForNewAds(Factory(), abort);
   EXPECT_EQ(TakeErrors(), "429 AdvertisementsFactory.AskForNewAds\n");
   world->desk.Components().SetMissing(u"StrandlineDownload.Main2", false);
-  Inside::AskForNewAds(Factory(), true);
+  Inside::AskForNewAds(Factory(), abort);
   EXPECT_EQ(asked.size(), 4u);
+}
+
+TEST_F(AdRefresh, AskForNewAds_HandsThePatienceByReference) {
+  Begin();
+  world->desk.Components().Register(u"StrandlineDownload.Main2", [] {
+    return Object(New<ScriptedObject>([](Use, Name, const Arguments& arguments) -> Variant {
+      arguments.positional[3].Assign(false);
+      return {};
+    }));
+  });
+  Boolean abort = true;
+  Inside::AskForNewAds(Factory(), abort);
+  EXPECT_FALSE(abort);
+}
+
+// The worker that fetches libraries isn't asked for a verifier.
+TEST_F(AdRefresh, AVerifier_IsThatOfANewWorker) {
+  Begin();
+  SetLibrary({{}});
+  Boolean abort = true;
+  Inside::AskForNewAds(Factory(), abort);
+  EXPECT_EQ(AsText(std::exchange(worker, {})), "made\nCheckForNewAdvertisements\n");
+  ReportNews();
+  EXPECT_EQ(AsText(std::exchange(worker, {})), "made\n");
+  ReportNews();
+  EXPECT_EQ(AsText(worker), "made\n") << "for each file anew";
+}
+
+// The date that a load is given, while this lives.
+class DateOfALoad final : public vbwProtector::ProcedureObserver {
+ public:
+  DateOfALoad() {
+    vbwProtector::variables.vbwTraceParameters = true;
+    vbwProtector::procedureObserver = this;
+  }
+  ~DateOfALoad() {
+    vbwProtector::procedureObserver = nullptr;
+    vbwProtector::variables.vbwTraceParameters = false;
+  }
+  DateOfALoad(const DateOfALoad&) = delete;
+  DateOfALoad& operator=(const DateOfALoad&) = delete;
+
+  void OnProcedure(const ProcedureName& name, void (*report)(const void* parameters, Reporter& to),
+                   const void* parameters) override {
+    if (name.name != u"LoadAds") return;
+    struct Parameters final : Reporter {
+      void Variable(TextView parameter, const Variant& value) override {
+        if (parameter == u"currentDate") date = *value.If<Date>();
+      }
+      Date date;
+    } told;
+    report(parameters, told);
+    given = told.date;
+  }
+  Date given;
+};
+
+// The ad's last day ends with its midnight, at whatever time the ads are loaded.
+TEST_F(AdRefresh, AnAdWhoseLastDayIsToday_IsKeptAtAnyTimeOfTheDay) {
+  const struct {
+    int day, hour, minute, second;
+    const char* ads;
+  } cases[] = {{1, 23, 59, 59, "2"}, {2, 0, 0, 0, "3"}, {2, 12, 0, 0, "3"}, {2, 23, 59, 59, "3"}, {3, 0, 0, 0, "2"}};
+  for (const auto& [day, hour, minute, second, ads] : cases) {
+    Begin();
+    world->desk.RunTime().SetStart(desk::MakeDate(2009, 3, day, hour, minute, second));
+    SetLibrary({{u"3/2/2009$3/2/2009$D1$-$$5000$today"}, {}});
+    DateOfALoad date;
+    Paint();
+    EXPECT_EQ(Count(), ads) << day << ", " << hour << ":" << minute << ":" << second;
+    EXPECT_EQ(date.given, dates::FromParts(2009, 3, static_cast<Integer>(day))) << "today has no time";
+  }
 }
 
 TEST_F(AdRefresh, AValueThatOneAdNames_LeavesThatAdAlone_InEveryWindow) {

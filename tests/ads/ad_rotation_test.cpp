@@ -310,6 +310,36 @@ TEST_F(AdRotation, SwitchListener_EndsAFade_AndStartsTheTimerOnTheNewWindow) {
   world->desk.Windows().KillTimer(world->Top(), 4096);
 }
 
+// After a first load that failed.
+TEST_F(AdRotation, APanelWithoutAnyAds_TakesThatOver_AndNeverRotates) {
+  Begin();
+  SetLibrary({{kOver}}, kOver);
+  Paint();
+  EXPECT_EQ(TakeErrors(), "91 AdvertisementsFactory.LoadAds\n");
+  const Ref<Advertisements> panel = New<Advertisements>();
+  const auto number = [&](const char16_t* name) { return VariableSnapshot::Of(*panel).Number(name); };
+  const Trace::Lines lines =
+      LinesOf(Trace::kLogs | Trace::kTimers, {"log Up", "log ImAct", "log Down", "SetTimer", "KillTimer"},
+              [&] { panel->Initialize(77); });
+  EXPECT_EQ(AsText(lines), "log UpdateToNewAds\nlog Updated to 0 new ads of size 0 x 0\n");
+  EXPECT_EQ(TakeErrors(), "9 AdvertisementsFactory.Advertisement[Get]\n91 Advertisements.InitializeBackBuffer\n");
+  EXPECT_EQ(number(u"mAds_ubound"), -1);
+  EXPECT_EQ(number(u"mTargetHdc"), 0);
+  const Array<Boolean> visible = VariableSnapshot::Of(*panel)[u"mVisibleArray"].ToArray<Boolean>();
+  EXPECT_TRUE(visible.IsSized());
+  EXPECT_EQ(visible.Upper(), -1);
+  Array<Boolean> told(0, 3);
+  told(1) = true;
+  panel->ValueChanged(told);
+  EXPECT_FALSE(VariableSnapshot::Of(*panel).Flag(u"mMoreThanOneAdIsVisible"));
+  EXPECT_FALSE(VariableSnapshot::Of(*panel).Flag(u"mCyclingAds"));
+  FakeStrip strip;
+  EXPECT_EQ(Timers([&] { panel->TimerTick(77, strip); }), "KillTimer(window 1, 4096)\n");
+  EXPECT_EQ(strip.paints, "");
+  EXPECT_EQ(number(u"mFadeTick"), 0);
+  EXPECT_EQ(TakeErrors(), "");
+}
+
 TEST_F(AdRotation, ANewWindowOfTheBar_TakesTheAdsOverAnew) {
   BeginWithStrip({{AdSettings({}, 300)}});
   world->Wait(5300);

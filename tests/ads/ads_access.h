@@ -19,7 +19,7 @@ struct AdsAccess {
   static Integer MAX(AdvertisementsFactory& f, Integer a, Integer b) { return f.MAX(a, b); }
   static void NewAdvertisementsEvent(AdvertisementsFactory& f, Boolean aborted) { f.NewAdvertisementsEvent(aborted); }
   static void CheckForNewAds(AdvertisementsFactory& f, Boolean abort) { f.CheckForNewAds(abort); }
-  static void AskForNewAds(AdvertisementsFactory& f, Boolean abort) { f.AskForNewAds(abort); }
+  static void AskForNewAds(AdvertisementsFactory& f, Boolean& abort) { f.AskForNewAds(abort); }
   static void mListenKeyStub_NewAdvertisementsChanged(AdvertisementsFactory& f, Boolean aborted) {
     f.mListenKeyStub_NewAdvertisementsChanged(aborted);
   }

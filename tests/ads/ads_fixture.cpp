@@ -185,6 +185,7 @@ void AdsTest::Blend(const Arguments& arguments) {
     }
     (*target)[i] = mixed;
   }
+  if (written) written(arguments.positional[0], arguments.positional[5]);
 }
 
 }  // namespace strandline

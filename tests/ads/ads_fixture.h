@@ -71,6 +71,8 @@ class AdsTest : public ToolbarTest {
   std::function<void()> verifying;
   // Told before a blend; may raise.
   std::function<void()> blending;
+  // Told after a blend, with the context and the share as they were handed by reference.
+  std::function<void(const Variant& target, const Variant& share)> written;
   std::vector<std::string> blends;  // "0.3" for each call of the component
   std::vector<std::string> worker;  // what became of StrandlineDownload.Main2
   std::vector<Variant> asked;       // what the worker was handed when it was asked for news

@@ -2,6 +2,7 @@
 
 #include "tests/ads/ad_fixture.h"
 #include "tests/foundation/error_component.h"
+#include "tests/support/allocations.h"
 
 namespace strandline {
 namespace {
@@ -37,6 +38,13 @@ TEST_F(AdvertisementTest, OnAnotherDay_NothingIsKept) {
 // What stands behind the rule isn't looked at then, and may be anything.
 TEST_F(AdvertisementTest, OnAnotherDay_TheRestOfTheSettingsMayBeMissing) {
   EXPECT_FALSE(Initialize(u"3/1/2009$12/31/2009$W0100010", dates::FromParts(2009, 3, 3)));
+}
+
+TEST_F(AdvertisementTest, DatesWithATime_AreDays) {
+  EXPECT_TRUE(Initialize(u"3/2/2009 8:00$3/2/2009 8:00$D1$-$$8000$here", kMonday));
+  EXPECT_TRUE(Initialize(u"3/2/2009 23:59:59$3/3/2009$D1$-$$8000$here", kMonday));
+  EXPECT_FALSE(Initialize(u"3/3/2009 8:00$3/4/2009$D1$-$$8000$here", kMonday));
+  EXPECT_FALSE(Initialize(u"2/1/2009$3/1/2009 23:59:59$D1$-$$8000$here", kMonday));
 }
 
 TEST_F(AdvertisementTest, BlankSettings_MakeNoAd) {
@@ -213,6 +221,19 @@ TEST_F(AdvertisementTest, ListenKeys_AreTheNamesOfTheClauses) {
   }
 }
 
+// Each statement that fails ends in the procedure's own tail, the reading of the array's bound too.
+TEST_F(AdvertisementTest, ListenKeys_WithoutMemory_AreAnErrorOfTheirOwn) {
+  constexpr std::size_t kClauses = 37;
+  std::u16string filter = u"a=b";
+  for (std::size_t i = 1; i < kClauses; ++i) filter += u"~a=b";
+  Inside::SetFilter(*ad, filter);
+  floor->errors.Answer({vbwProtector::kIgnore, vbwProtector::kIgnore});
+  FailNextAllocationOf(kClauses * sizeof(String));
+  EXPECT_FALSE(ad->listenKeys().IsSized());
+  EXPECT_EQ(TakeErrors(), (Lines{"7 Advertisement.listenKeys[Get]", "9 Advertisement.listenKeys[Get]"}));
+  EXPECT_EQ(ad->listenKeys().Upper(), static_cast<Long>(kClauses) - 1);
+}
+
 // --- the picture ---
 
 TEST_F(AdvertisementTest, BackBuffer_IsTheBackgroundWithThePictureInItsMiddle) {
@@ -281,6 +302,30 @@ TEST_F(AdvertisementTest, BackBuffer_UsesUpThePicturesBitmapAndGoesWithTheAd) {
   picture = nullptr;
   EXPECT_EQ(floor->Contexts(), contexts);
   EXPECT_EQ(floor->Bitmaps(), bitmaps);
+}
+
+TEST_F(AdvertisementTest, BackBuffer_MadeAgain_LetsGoOfTheFormerSurface) {
+  String settings = Buffer(u"");
+  const Long background = floor->MakeContext(9, 9, kWhite);
+  ASSERT_TRUE(ad->Initialize(floor->MakePicture(3, 2, kRed), settings, kMonday));
+  ad->InitBackBuffer(background, 0, 0, 5, 4);
+  const int contexts = floor->Contexts();
+  const int bitmaps = floor->Bitmaps();
+  const Long former = ad->hdc();
+  floor->calls.Clear();
+  floor->calls.Name(former, "former");
+  floor->calls.Name(background, "panel");
+  ad->InitBackBuffer(background, 0, 0, 7, 2);
+  const Lines calls = floor->calls.Take();
+  ASSERT_GE(calls.size(), 5u);
+  EXPECT_EQ(Lines(calls.begin(), calls.begin() + 5),
+            (Lines{"SelectObject(former, stock) = object 1", "DeleteObject(object 1)", "DeleteDC(former)",
+                   "CreateCompatibleDC(panel) = dc 1", "CreateCompatibleBitmap(panel, 7, 2) = bitmap 1"}));
+  EXPECT_EQ(floor->Contexts(), contexts);
+  EXPECT_EQ(floor->Bitmaps(), bitmaps);
+  EXPECT_EQ(floor->SurfaceOf(ad->hdc()).width, 7);
+  EXPECT_EQ(floor->SurfaceOf(ad->hdc()).height, 2);
+  floor->desk.Misuses().Clear();  // the bitmap that is no more
 }
 
 TEST_F(AdvertisementTest, ItsEnd_FreesTheSurfaceAndIsLogged) {

@@ -39,10 +39,16 @@ class BlendCache : public AdsTest {
     graphics.DeleteDC(mTarget);
     mTarget = 0;
   }
+  void Blend(Integer previous, Integer current, Single percentage) {
+    Long target = Target();
+    Factory().AlphaBlend(target, previous, current, percentage);
+  }
   std::uint32_t Blended(Integer previous, Integer current, Single percentage) {
-    Factory().AlphaBlend(Target(), previous, current, percentage);
+    Blend(previous, current, percentage);
     return *world->SurfaceOf(Target()).At(30, 10);
   }
+  // From now on the component also writes to the context and the share that it is handed.
+  void Write(std::function<void(const Variant& target, const Variant& share)> writing) { written = std::move(writing); }
   // "0|1|0.3 " for each entry.
   std::string Keys() {
     std::string keys;
@@ -87,6 +93,20 @@ TEST_F(BlendCache, AStep_IsBlendedOnce_AndCopiedFromThenOn) {
   EXPECT_EQ(AsText(lines), "BitBlt(dc 1, 0, 0, 60, 20, dc 2, 0, 0, SRCCOPY)\n");
   EXPECT_EQ(blends.size(), 2u);
   EXPECT_EQ(Keys(), "0|1|0.3 1|0|0.3 ");
+}
+
+TEST_F(BlendCache, ABlend_IsSoughtByItsKey) {
+  BeginWithAds();
+  const auto procedures = [&](const char* beginning) {
+    return AsText(LinesOf(Trace::kProcedures, {beginning}, [&] { Blend(0, 2, 0.3F); }));
+  };
+  EXPECT_EQ(procedures("AlphaBlender.hash"), "AlphaBlender.hash(0, 2, 0.3)\nAlphaBlender.hash(0, 2, 0.3)\n")
+      << "to read and to write";
+  EXPECT_EQ(procedures("AlphaBlender.hash"), "AlphaBlender.hash(0, 2, 0.3)\n") << "to read";
+  Inside::Cache(Blender())->Remove(Inside::hash(Blender(), 0, 2, 0.3F));
+  blends.clear();
+  Blend(0, 2, 0.3F);
+  EXPECT_EQ(AsText(blends), "30\n") << "what the cache doesn't hold is made";
 }
 
 TEST_F(BlendCache, TheFirstUse_MakesASurfaceOfTheAdsSize_LikeItsTarget) {
@@ -134,6 +154,98 @@ TEST_F(BlendCache, TheComponent_GetsItsSizeOnce_AndTheContextsOfTheTwoAds) {
   EXPECT_EQ(last[3].ToLong(), Inside::Ads(Factory())(1)->hdc());
   EXPECT_EQ(last[4].ToLong(), Inside::Ads(Factory())(0)->hdc());
   EXPECT_TRUE(last[5] == Variant(0.3F));
+}
+
+TEST_F(BlendCache, ASizeThatTheComponentWrites_IsTheFactorysFromThenOn) {
+  Begin();
+  SetLibrary({{AdSettings(), 60, 20}}, kOver);
+  world->desk.Components().Register(u"AlphaBlender.Main2", [] {
+    return Object(New<ScriptedObject>([](Use, Name, const Arguments& arguments) {
+      arguments.positional[0].Assign(Integer{61});
+      arguments.positional[1].Assign(Integer{21});
+      return Variant();
+    }));
+  });
+  Paint();
+  EXPECT_EQ(FactoryVariables().Number(u"mWidth"), 61);
+  EXPECT_EQ(FactoryVariables().Number(u"mHeight"), 21);
+  EXPECT_EQ(VariableSnapshot::Of(Blender()).Number(u"mWidth"), 60);
+  EXPECT_EQ(VariableSnapshot::Of(Blender()).Number(u"mHeight"), 20);
+}
+
+TEST_F(BlendCache, AShareThatTheComponentWrites_IsTheFadesOwn) {
+  BeginWithAds();
+  const Ref<Advertisements> panel = New<Advertisements>();
+  panel->Initialize(world->Bar());
+  FakeStrip strip;
+  panel->TimerTick(world->Bar(), strip);
+  Write([](const Variant&, const Variant& share) { share.Assign(1.0F); });
+  panel->TimerTick(world->Bar(), strip);
+  EXPECT_EQ(strip.paints, "step last ");
+  EXPECT_EQ(Keys(), "0|1|0.1 0|1|1 ");
+  EXPECT_EQ(VariableSnapshot::Of(*panel).Number(u"mFadeTick"), 2) << "the step is not the share";
+  // Whoever hands it to the factory sees it too.
+  Long target = Target();
+  Integer previous = 1;
+  Integer current = 0;
+  Single percentage = 0.2F;
+  Factory().AlphaBlend(target, previous, current, percentage);
+  EXPECT_EQ(percentage, 1.0F);
+}
+
+TEST_F(BlendCache, AContextThatTheComponentWrites_IsKeptAndCopied) {
+  BeginWithAds();
+  Target();
+  const int contexts = world->Contexts();
+  const int bitmaps = world->Bitmaps();
+  // The component answers with a surface of its own, of which the cache becomes the owner.
+  desk::SoftwareGraphics& graphics = world->desk.Graphics();
+  const Long own = graphics.CreateCompatibleDC(0);
+  const Long bitmap = graphics.CreateBitmap(60, 20, 1, 32);
+  const Long stock = graphics.SelectObject(own, bitmap);
+  graphics.BitBlt(own, 0, 0, 60, 20, Factory().Advertisement(2)->hdc(), 0, 0, rop::kSrcCopy);
+  Write([&](const Variant& target, const Variant&) { target.Assign(own); });
+  EXPECT_EQ(Blended(0, 1, 0.3F), 0x00FF00u);
+  EXPECT_EQ(Inside::Cache(Blender())->Item(u"0\b1\b0.3").ToLong(), own);
+  EXPECT_EQ(Blended(0, 1, 0.3F), 0x00FF00u);
+  EXPECT_EQ(blends.size(), 1u);
+  graphics.SelectObject(own, stock);
+  graphics.DeleteObject(bitmap);
+  world->desk.Misuses().Clear();
+  SetLibrary({{AdSettings(), 60, 20}, {AdSettings(), 60, 20}, {}}, kOver);
+  ReportNews();
+  world->desk.Misuses().Clear();  // the cache has no former bitmap of that surface
+  EXPECT_EQ(world->Contexts(), contexts) << "the surface that was made for the blend is gone as well";
+  EXPECT_EQ(world->Bitmaps(), bitmaps);
+}
+
+// A component that writes the same share each time takes the key of the second blend for the first one's.
+TEST_F(BlendCache, ABlendThatTheCacheCannotTake_IsMadeAgainNextTime_AndFreedWithTheOthers) {
+  BeginWithAds();
+  Target();
+  const int contexts = world->Contexts();
+  const int bitmaps = world->Bitmaps();
+  Write([](const Variant&, const Variant& share) { share.Assign(1.0F); });
+  Blend(0, 1, 0.2F);
+  world->errors.Answer({Long{5}});
+  EXPECT_EQ(Blended(0, 1, 0.3F), 0xB20000u);
+  EXPECT_EQ(TakeErrors(), "457 AlphaBlender.cache[Let]\n");
+  Write(nullptr);
+  EXPECT_EQ(Blended(0, 1, 0.3F), 0xB20000u);
+  EXPECT_EQ(AsText(blends), "20\n30\n30\n");
+  EXPECT_EQ(Keys(), "0|1|1 0|1|0.3 ");
+  EXPECT_EQ(world->Contexts(), contexts + 3);
+  SetLibrary({{AdSettings(), 60, 20}, {AdSettings(), 60, 20}, {}}, kOver);
+  ReportNews();
+  EXPECT_EQ(world->Contexts(), contexts);
+  EXPECT_EQ(world->Bitmaps(), bitmaps);
+}
+
+TEST_F(BlendCache, ABlenderThatNeverBegan_HasNothingToFree_WhichIsAnError) {
+  Begin();
+  Ref<AlphaBlender> blender = New<AlphaBlender>();
+  blender = nullptr;
+  EXPECT_EQ(TakeErrors(), "91 AlphaBlender.Class_Terminate\n");
 }
 
 TEST_F(BlendCache, ASecondWindowsFade_OfTheSamePair_OnlyCopies) {
@@ -194,7 +306,7 @@ TEST_F(BlendCache, ABlendThatFails_LeavesNothingBehind_AndIsTriedAgain) {
   const int contexts = world->Contexts();
   const int bitmaps = world->Bitmaps();
   blending = [] { Raise(1000, u"no blend"); };
-  for (int i = 0; i < 5; ++i) EXPECT_THROW(Factory().AlphaBlend(Target(), 0, 1, 0.3F), Error);
+  for (int i = 0; i < 5; ++i) EXPECT_THROW(Blend(0, 1, 0.3F), Error);
   EXPECT_EQ(world->Contexts(), contexts);
   EXPECT_EQ(world->Bitmaps(), bitmaps);
   EXPECT_EQ(Keys(), "");
@@ -230,7 +342,7 @@ TEST_F(BlendCache, OutsideAFade_ABlendThatFailsIsReported) {
 
 TEST_F(BlendCache, BeforeTheFirstLoad_NothingIsBlended) {
   Begin();
-  Factory().AlphaBlend(Target(), 0, 1, 0.5F);
+  Blend(0, 1, 0.5F);
   EXPECT_EQ(*world->SurfaceOf(Target()).At(0, 0), 0u);
 }
 
