@@ -163,7 +163,7 @@ TEST_F(DumpOfAProcedure, OfAnIcon) {
   Strip().PaintIcon(16, 5, erase);
   EXPECT_EQ(Dump(),
             "-- locals\nindex = 16\ndestHdc = 5\nforceEraseBackground = True\n"
-            "pic = Nothing\nhandle = 77\nwidth = 40000\nheight = 30\n" +
+            "pic = no picture\nhandle = 77\nwidth = 40000\nheight = 30\n" +
                 StripSays({0, 0, 0}, 2, true, true));
   EXPECT_EQ(TakeErrors(), "6 Buttons.PaintIcon\n-1 Buttons.PaintIcon\n");
 }

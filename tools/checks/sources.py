@@ -37,7 +37,7 @@ GENERATED = {"strandline_com.h", "strandline_com.c"}
 
 # Folders of programs beside the floors; each of their folders is collected by a target of its own.
 PROGRAMS = ["tests", "bench", "fuzz"]
-BUILT_PROGRAM_FOLDERS = {"bench", "bench/windows", "fuzz"}
+BUILT_PROGRAM_FOLDERS = {"bench", "bench/windows", "fuzz", "tools/mutation", "tools/mutation/sample"}
 
 
 def check_format(tree):

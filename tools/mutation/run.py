@@ -7,7 +7,6 @@ import queue
 import shutil
 import subprocess
 import threading
-import time
 
 
 class Runner:
@@ -125,31 +124,37 @@ class Run:
 
     def __init__(self, program, place, jobs, probe, tell):
         self.program, self.place, self.jobs, self.probe, self.tell = program, place, jobs, probe, tell
-        self.killers = {}  # function to the tests that killed there, the last one first
+        self.killers = {}  # function to the tests that killed there, the last one first; the same for each file
 
     def order(self, point):
         tests = sorted(self.probe.reaching.get(point["number"], []), key=self.probe.microseconds)
-        liked = self.killers.get((point["file"], point["function"]), [])
         reaching = set(tests)
-        first = [name for name in liked if name in reaching]
-        return first + [name for name in tests if name not in set(first)]
+        first = {}
+        for place in self.places(point):
+            first.update({name: 0 for name in self.killers.get(place, []) if name in reaching})
+        return [*first] + [name for name in tests if name not in first]
+
+    @staticmethod
+    def places(point):
+        return (point["file"], point["function"]), point["file"]
 
     def run(self, points):
         in_parallel(self.program, self.place, self.jobs, points, self.hold)
 
     def hold(self, runner, point):
         tests = self.order(point)
-        began = time.monotonic()
+        spent = 0
         if not tests:
             answer = ["unreached"]
         else:
             limits = " ".join(f"{name}:{self.probe.limit(name)}" for name in tests)
-            answer = runner.ask(f"run {point['number']} {limits}")
+            spent, *answer = runner.ask(f"run {point['number']} {limits}")
         test = answer[1] if len(answer) > 1 else ""
         if test and self.probe.microseconds(test) < 1000000:
-            liked = self.killers.setdefault((point["file"], point["function"]), [])
-            if test in liked:
-                liked.remove(test)
-            liked.insert(0, test)
-            del liked[6:]
-        self.tell(point, answer[0], test, round((time.monotonic() - began) * 1000), len(tests))
+            for place in self.places(point):
+                liked = self.killers.setdefault(place, [])
+                if test in liked:
+                    liked.remove(test)
+                liked.insert(0, test)
+                del liked[8:]
+        self.tell(point, answer[0], test, int(spent) // 1000, len(tests))

@@ -3,7 +3,8 @@
 //
 //   list                       NAME for each test, then "."
 //   probe NAME                 passed|failed|crashed|timeout CPU-MICROSECONDS ID…     what one test comes past
-//   run ID NAME:MILLISECONDS…  survived | failed NAME | crashed NAME | timeout NAME, with at most so much time for each
+//   run ID NAME:MILLISECONDS…  CPU-MICROSECONDS survived | failed NAME | crashed NAME | timeout NAME; each test has at
+//                              most so much time
 
 #include <fcntl.h>
 #include <gtest/gtest.h>
@@ -145,6 +146,7 @@ void Run(std::istringstream& words) {
     }
     return true;
   });
+  std::cout << outcome.microseconds << " ";
   if (outcome.word == "passed") {
     std::cout << "survived" << std::endl;
   } else {

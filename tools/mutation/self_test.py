@@ -40,7 +40,7 @@ def link(sources, objects, program):
     return f"clang++ -o {program} {' '.join(objects)} sample_test.o -lgtest -lpthread", ["sample_test.o"]
 
 
-def self_test(root, hold, Results, say):
+def self_test(root, hold, Results):
     from build import Build
 
     class SampleBuild(Build):
@@ -66,7 +66,7 @@ def self_test(root, hold, Results, say):
             pass
 
     hold(build, points, results, 2, False, progress=Silent, tell=told.append)
-    missing, wrong = [], []
+    missing = []
     left = [(p["function"], p["kind"], p["what"], results.of[p["key"]]["outcome"]) for p in points]
     for function, kind, what, outcome in EXPECTED:
         match = next((one for one in left if one[:2] == (function, kind) and one[2].startswith(what) and
@@ -75,18 +75,12 @@ def self_test(root, hold, Results, say):
             left.remove(match)
         else:
             missing.append((function, kind, what, outcome))
-    wrong = left
-    for one in missing:
-        say(f"expected, but not found: {one}")
-    for one in wrong:
-        say(f"found, but not expected: {one}")
+    faults = [f"expected, but not found: {one}" for one in missing]
+    faults += [f"found, but not expected: {one}" for one in left]
+    faults += [f"doesn't compile: {key}" for key in build.refused]
     if not any("ThatFailsByItself" in line for line in told):
-        say("nothing was told of the test that fails by itself")
-        return False
-    if build.refused:
-        say(f"left out: {build.refused}")
-        return False
-    if missing or wrong:
-        return False
-    print(f"OK    the mutation run finds what it must in its sample ({len(points)} mutants)")
-    return True
+        faults.append("nothing is told of the test that fails by itself")
+    for fault in faults:
+        print(f"FAIL the mutation run's sample: {fault}")
+    print(f"{len(EXPECTED) - len(missing)} passed, {len(faults)} failed")
+    return not faults
