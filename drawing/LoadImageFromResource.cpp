@@ -1,5 +1,6 @@
 #include "drawing/LoadImageFromResource.h"
 
+#include <algorithm>
 #include <cstring>
 
 #include "foundation/LanguageExtensions.h"
@@ -55,7 +56,7 @@ Picture LoadResGifJpgBmp(Integer index, Long hModule) {
     pictures.GlobalFree(memory);
     return here.Leave();
   }
-  if (size > 0) std::memcpy(target, bArr.Data(), static_cast<std::size_t>(size));
+  std::copy_n(bArr.Data(), size, target);
   pictures.GlobalUnlock(memory);
   if (pictures.CreateStreamOnHGlobal(memory, true, stream) != 0) {
     pictures.GlobalFree(memory);

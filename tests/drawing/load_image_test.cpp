@@ -138,6 +138,19 @@ TEST_F(LoadImageTest, AModulesResourceThatCannotBeRead_LeavesTheArrayAsItWas) {
   EXPECT_EQ(bytes, before);
 }
 
+TEST_F(LoadImageTest, AModulesResource_IsAskedNoFurtherThanItsFirstFailure) {
+  const Long module = ModuleWith(500, u"CUSTOM", {1, 2, 3});
+  const std::pair<const char*, int> cases[] = {{"FindResourceA", 1}, {"LoadResource", 2}};
+  for (const auto& [step, calls] : cases) {
+    SCOPED_TRACE(step);
+    floor->faults.Arm(step, 1);
+    floor->calls.Clear();
+    Array<Byte> bytes;
+    LoadResDataFromModule(module, 500, bytes);
+    EXPECT_EQ(floor->calls.Take().size(), static_cast<std::size_t>(calls));
+  }
+}
+
 struct StepCase {
   const char* step;
   int freed;  // by the loader itself; once there is a stream, that frees

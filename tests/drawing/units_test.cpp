@@ -154,6 +154,11 @@ TEST_F(UnitsTest, PixelsThatLeaveALong_AreAnOverflowOfTheConversion) {
   EXPECT_EQ(ToolbarUtilities::HM2PixX(423), 0);
   EXPECT_EQ(ToolbarUtilities::HM2PixY(423), 0);
   EXPECT_EQ(Listed(TakeErrors()), Listed({"6 ToolbarUtilities.HM2PixX", "6 ToolbarUtilities.HM2PixY"}));
+  const Ref<IPictureDispUtilities> utilities = New<IPictureDispUtilities>();
+  floor->calls.Clear();
+  utilities->IPictureDispToHdc(floor->MakePicture(16, 16, kRed));
+  EXPECT_EQ(floor->calls.CallsOf("CreateCompatibleBitmap").at(0), "CreateCompatibleBitmap(dc 1, 0, 0) = stock");
+  EXPECT_EQ(Listed(TakeErrors()), Listed({"6 IPictureDispUtilities.HM2PixX", "6 IPictureDispUtilities.HM2PixY"}));
 }
 
 TEST(Units, MulDiv_RoundsToNearestAwayFromZeroAndTellsFailureByMinusOne) {
