@@ -396,6 +396,24 @@ TEST_F(AdLibrary, TheFactorysEnd_LeavesNothingBehind) {
   }
 }
 
+TEST_F(AdLibrary, TheFactorysEnd_EmptiesItsMaps) {
+  BeginWith({{AdSettings(u"style=APA")}});
+  Ref<AdvertisementsFactory> factory = New<AdvertisementsFactory>();
+  factory->Initialize(New<AdvertisementsCallbackStub>());
+  factory->AfterPaint(world->Bar(), 0, 0, 223, 32);
+  Long width = 0;
+  Long height = 0;
+  Integer last = 0;
+  factory->UpdateToNewAds(77, width, height, last);
+  const Ref<Dictionary> listenKeys = Inside::ListenKeys(*factory);
+  const Ref<Dictionary> updatedAds = Inside::UpdatedAds(*factory);
+  EXPECT_EQ(listenKeys->Count(), 1);
+  EXPECT_EQ(updatedAds->Count(), 1);
+  factory = nullptr;
+  EXPECT_EQ(listenKeys->Count(), 0);
+  EXPECT_EQ(updatedAds->Count(), 0);
+}
+
 TEST_F(AdLibrary, AReload_LetsGoOfTheFormerAds) {
   BeginWith({{.width = 41}, {.width = 42}});
   Paint();

@@ -437,6 +437,13 @@ TEST_F(AdRotation, APanelThatOutlivesTheFactory_EndsWithoutAWord) {
   EXPECT_EQ(TakeErrors(), "");
 }
 
+TEST_F(AdRotation, APanelThatEndsBeforeTheFirstLoad_EndsWithoutAnError) {
+  Begin();
+  Ref<Advertisements> panel = MakePanel(77);
+  panel = nullptr;
+  EXPECT_EQ(TakeErrors(), "");
+}
+
 TEST_F(AdRotation, ThePanel_ReportsItsVariablesInTheirOrder) {
   BeginWithStrip({{}});
   EXPECT_EQ(AsText(PanelVariables().Names()),

@@ -311,6 +311,8 @@ TEST_F(BlendCache, ABlendThatFails_LeavesNothingBehind_AndIsTriedAgain) {
   EXPECT_EQ(world->Bitmaps(), bitmaps);
   EXPECT_EQ(Keys(), "");
   EXPECT_EQ(TakeErrors(), "") << "it is the caller's to tell of it";
+  const Object oldHandles = VariableSnapshot::Of(Blender())[u"mOldHandles"].ToObject();
+  EXPECT_EQ(oldHandles.Get("Count").ToLong(), 0);
   blending = nullptr;
   EXPECT_EQ(Blended(0, 1, 0.3F), 0xB20000u);
 }
