@@ -64,7 +64,7 @@ def _order(function):
     told = list(dict.fromkeys(function.reported))  # a record's fields are told one by one
     if told != declared:
         return [(function.file, function.report_line,
-                 f"{function.name}: REPORTS tells {', '.join(told)}; the order of declaration is {', '.join(declared)}")]
+                 f"{function.name}: REPORTS tells {', '.join(told)}; declared are, in order, {', '.join(declared)}")]
     return []
 
 

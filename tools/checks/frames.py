@@ -44,13 +44,11 @@ FRAMELESS = [
 
 # Calls that can raise outside of a STEP, as "procedure, callee", and why.
 UNCAUGHT = {
-    "cCustomClipboard::pbNotReady, Raise": RAISING_PROCEDURES["cCustomClipboard::pbNotReady"],
-    "cCustomClipboard::pbNotReady, String": RAISING_PROCEDURES["cCustomClipboard::pbNotReady"],
 }
 
 
-def check(core, frameless=FRAMELESS, uncaught=UNCAUGHT):
-    graph = Graph(core)
+def check(core, frameless=FRAMELESS, uncaught=UNCAUGHT, raising_procedures=RAISING_PROCEDURES):
+    graph = Graph(core, raising_procedures)
     wrong = []
     used = set()
     for function in core.functions.values():
@@ -64,12 +62,15 @@ def check(core, frameless=FRAMELESS, uncaught=UNCAUGHT):
                 key = f"{function.name}, {name}"
                 if name == "Log":
                     continue  # makes its text for an observer only
-                if key in uncaught:
+                if function.name in raising_procedures:
+                    used.add(function.name)
+                elif key in uncaught:
                     used.add(key)
                 else:
                     wrong.append((function.file, line, f"{function.name}: {name} can raise: put it into a STEP"))
     return wrong + [(PLACE, 1, f"the exception {each} is of no use any more: take it off the list")
-                    for each in [pattern for pattern, _ in frameless] + list(uncaught) if each not in used]
+                    for each in [*(pattern for pattern, _ in frameless), *uncaught, *raising_procedures]
+                    if each not in used]
 
 
 def _is_frameless(function, frameless, used):

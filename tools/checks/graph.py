@@ -16,8 +16,9 @@ RAISING_PROCEDURES = {"cCustomClipboard::pbNotReady": "the caller's tail tells t
 class Graph:
     """A call of a virtual function is a call of each function that overrides it, too."""
 
-    def __init__(self, core):
+    def __init__(self, core, raising_procedures=RAISING_PROCEDURES):
         self.functions = core.functions
+        self._raising_procedures = raising_procedures
         self._by_name = defaultdict(list)
         self._overriders = defaultdict(list)
         for function in self.functions.values():
@@ -37,8 +38,8 @@ class Graph:
 
     def uncaught(self, function):
         """Its calls that can raise outside of a STEP: (name, line), each once."""
-        return sorted({(call.name, call.line) for call in function.calls
-                       if not call.guarded and any(target in self._raising for target in self._targets(function, call))})
+        return sorted({(call.name, call.line) for call in function.calls if not call.guarded and
+                       any(target in self._raising for target in self._targets(function, call))})
 
     def _targets(self, function, call):
         if call.target.startswith("name:"):
@@ -61,7 +62,7 @@ class Graph:
             for function, call in self._callers.get(todo.pop(), []):
                 if call.guarded or function.id in raising or function.file in FRAME:
                     continue
-                if function.kind in ("plain", "lambda") or function.name in RAISING_PROCEDURES:
+                if function.kind in ("plain", "lambda") or function.name in self._raising_procedures:
                     raising.add(function.id)
                     todo.append(function.id)
         return raising

@@ -234,7 +234,8 @@ class Reader:
             if self.reference(cursor, context, function):
                 return
         elif kind == K.OVERLOADED_DECL_REF:
-            function.calls.append(Call("name:" + cursor.spelling, cursor.spelling, cursor.location.line, context.guarded))
+            function.calls.append(Call("name:" + cursor.spelling, cursor.spelling, cursor.location.line,
+                                       context.guarded))
         inner = context if not context.range_variable else Context(context.guarded, context.statement)
         for child in cursor.get_children():
             self.walk(child, inner, function)

@@ -17,6 +17,7 @@ class Sample : public ClassObject {
   Boolean Twice(Frame& procedure, Integer number);
   Boolean Never(Frame& procedure);
   Boolean Taking(Frame& procedure);
+  void Through();
   void WithoutFrame();
   void vbwReportSomething();
   void ReportVariables(Reporter& to) const override;
@@ -101,6 +102,7 @@ void Sample::Loose(const Object& bar, const Array<Boolean>& list) {
   text = u"text";  //! frames
   platform::Components().CreateObject(text);  //! frames
   if (total == 0) Raise(errors::kOverflow);  //! frames
+  Through();  //! frames
   const auto twice = [&](Integer value) { return Doubled(value); };
   total = twice(2);  //! frames
   try {
@@ -114,6 +116,11 @@ void Sample::Loose(const Object& bar, const Array<Boolean>& list) {
   };
   step();
   step();
+}
+
+void Sample::Through() {
+  METHOD(void, u"Through");
+  Raise(errors::kOverflow);
 }
 
 void Sample::WithoutFrame() {  //! frames
@@ -170,5 +177,6 @@ void Sample::ReportVariables(Reporter& to) const { to.List("mNumber", mNumber); 
 FRAMELESS = [(r".*::ReportVariables", "runs inside a dump"), (r"Sample::Taking", "makes another fault"),
              (r"Sample::NotThere", "names nothing")]
 UNCAUGHT = {"Sample::NotThere, ToInteger": "names nothing"}
+RAISING_PROCEDURES = {"Sample::Through": "its error goes to the caller", "Sample::NotThere": "names nothing"}
 LOCALS = {"Sample::NotThere, number": "names nothing"}
-STALE = {"frames": 2, "locals": 1}  # findings in the lists of exceptions themselves
+STALE = {"frames": 3, "locals": 1}  # findings in the lists of exceptions themselves

@@ -56,11 +56,13 @@ def _text_rules(score, root):
         ("format", sources.check_format, {"ads/a.cpp": "int  Two() {return 2;}\n", "tests/b.cpp": "// x\nint  x;\n"},
          [("ads/a.cpp", 1), ("tests/b.cpp", 2)]),
         ("format", sources.check_format, {"ads/a.cpp": "int Two() { return 2; }\n"}, []),
-        ("format, without a style", sources.check_format, {"ads/a.cpp": "int Two() { return 2; }\n", ".clang-format": "?"},
+        ("format, without a style", sources.check_format,
+         {"ads/a.cpp": "int A() { return 2; }\n", ".clang-format": "?"},
          [(".clang-format", 1)]),
         ("includes", sources.check_includes,
          {"platform/a.h": "#include <vector>\n#include <windows.h>\n", "ads/b.cpp": '\n#include "toolbar/c.h"\n',
-          "platform/desk/d.cpp": ' # include "ads/b.h"\n', "toolbar/c.h": '#include "ads/b.h"\n#include <sys/types.h>\n'},
+          "platform/desk/d.cpp": ' # include "ads/b.h"\n', 
+          "toolbar/c.h": '#include "ads/b.h"\n#include <sys/types.h>\n'},
          [("platform/a.h", 2), ("ads/b.cpp", 2), ("platform/desk/d.cpp", 1), ("toolbar/c.h", 2)]),
         ("includes", sources.check_includes,
          {"platform/a.h": "#include <vector>\n", "toolbar/c.h": '#include "platform/a.h"\n#include "toolbar/d.h"\n',
@@ -70,7 +72,8 @@ def _text_rules(score, root):
         ("line-bases", sources.check_line_bases,
          {"ads/a.cpp": _module("Sample", ""), "ads/b.cpp": _module("Sample", ", 50"),
           "ads/c.cpp": _module("Other", "")}, []),
-        ("listed", sources.check_listed, {"ads/deeper/a.cpp": "", "new/b.cpp": "", "ads/c.cpp": "", "tests/x/d.cpp": ""},
+        ("listed", sources.check_listed,
+         {"ads/deeper/a.cpp": "", "new/b.cpp": "", "ads/c.cpp": "", "tests/x/d.cpp": ""},
          [("ads/deeper/a.cpp", 1), ("new/b.cpp", 1)]),
         ("listed", sources.check_listed, {"ads/c.cpp": "", "tests/x/d.cpp": "", "build/e/f.cpp": ""}, []),
         ("size", sources.check_size, {"ads/a.h": "\n" * 601, "tests/b.cpp": "\n" * 600}, [("ads/a.h", 601)]),
@@ -83,7 +86,8 @@ def _text_rules(score, root):
 
 
 def _module(name, base):
-    return f'constexpr ModuleInfo kModuleInfo{{u"{name}", nullptr}};\nconstexpr ModuleFile kModule{{&kModuleInfo{base}}};\n'
+    return (f'constexpr ModuleInfo kModuleInfo{{u"{name}", nullptr}};\n'
+            f"constexpr ModuleFile kModule{{&kModuleInfo{base}}};\n")
 
 
 def _rules_of_the_core(score, root):
@@ -92,7 +96,7 @@ def _rules_of_the_core(score, root):
         core = tree.core()
         # The copied headers hold the frame itself and not faults; what is found there would be the real tree's.
         rules = {
-            "frames": lambda: frames.check(core, samples.FRAMELESS, samples.UNCAUGHT),
+            "frames": lambda: frames.check(core, samples.FRAMELESS, samples.UNCAUGHT, samples.RAISING_PROCEDURES),
             "stretches": lambda: stretches.check(core),
             "locals": lambda: dumps.check(core, samples.LOCALS),
         }
@@ -137,7 +141,8 @@ def _tidy(score, root):
         ("a name of no use", {**clean, "ads/d.cpp": "namespace n {\nint D();\n}\nusing n::D;\n"}, [("ads/d.cpp", 4)]),
         ("a source that doesn't compile", {**clean, "ads/d.cpp": "int D() { return d; }\n"}, [("ads/d.cpp", 1)]),
         ("sources that can't stand together, and a fault",
-         {**clean, "ads/d.cpp": "#define A B\nint D() { return 2; }\n", "ads/e.cpp": "int B();\n#undef A\nint E" + twice},
+         {**clean, "ads/d.cpp": "#define A B\nint D() { return 2; }\n",
+          "ads/e.cpp": "int B();\n#undef A\nint E" + twice},
          [("ads/e.cpp", 4)]),
         ("options that can't be read", {**clean, ".clang-tidy": "Checks: [\n"}, None),
     ]

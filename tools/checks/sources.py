@@ -26,7 +26,8 @@ ALLOWED = {
     "wordsim": ["platform"],
     "adtool": ["platform", "platform/desk"],
     "play": ["platform", "platform/wrappers", "foundation", "drawing", "wordsim"],
-    "desk": ["platform", "platform/wrappers", "platform/desk", "platform/desk/raster", "wordsim", "play", "adtool"] + CORE,
+    "desk": ["platform", "platform/wrappers", "platform/desk", "platform/desk/raster", "wordsim", "play", "adtool",
+             *CORE],
     "server": ["platform/win32"] + CORE,
     "server/exports": ["server", "platform/win32"],
     "wordhost": ["platform", "platform/win32", "platform/win32/host", "wordsim", "play"],
@@ -49,7 +50,8 @@ def check_format(tree):
         wrong.setdefault(path, int(line))
     if result.returncode != 0 and not wrong:
         return [(PLACE, 1, f"clang-format can't check: {result.stderr.strip()[-300:]}")]
-    return [(os.path.relpath(os.path.join(tree.root, path), tree.root), line, "isn't formatted: clang-format -i") for path, line in wrong.items()]
+    return [(os.path.relpath(os.path.join(tree.root, path), tree.root), line, "isn't formatted: clang-format -i")
+            for path, line in wrong.items()]
 
 
 def check_includes(tree):

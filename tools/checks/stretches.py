@@ -16,9 +16,9 @@ def check(core):
             continue
         wrong += _lines(function)
         if function.kind == "stretch" or function.kind == "lambda":
-            callers = sorted({(caller.file, line, index) for index, (caller, line) in enumerate(graph.callers(function))})
+            callers = sorted((caller.file, line) for caller, line in graph.callers(function))
             if len(callers) != 1:
-                places = ", ".join(f"{file}:{line}" for file, line, _ in callers) or "nobody"
+                places = ", ".join(f"{file}:{line}" for file, line in callers) or "nobody"
                 wrong.append((function.file, function.line,
                               f"{function.name} must be run from one place, so that its lines are one procedure's; "
                               f"it is run by {places}"))

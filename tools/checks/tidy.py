@@ -34,7 +34,8 @@ def check(tree):
         wrong = [finding for findings, _ in units for finding in findings]
         alone = [path for _, refused in units for path in refused]
         # This one looks at the file alone that clang-tidy is called with.
-        using = [path for path in sources if path not in alone and re.search(r"^ *using [\w:]+::\w+;", tree.read(path), re.M)]
+        using = [path for path in sources
+                 if path not in alone and re.search(r"^ *using [\w:]+::\w+;", tree.read(path), re.M)]
         jobs = [(path, None) for path in alone] + [(path, "-*,misc-unused-using-decls") for path in using]
         for findings in pool.map(lambda job: _run(tree, *job), jobs):
             wrong += findings
