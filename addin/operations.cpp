@@ -89,7 +89,7 @@ constinit const std::span<const Main2Operation> kMain2Operations = kTable;
 
 Variant Main2Operation::Invoke(Main2& main, const Arguments& given) const {
   ReceivedArguments arguments(parameters, given);
-  const Variant answer = run(main, arguments);
+  Variant answer = run(main, arguments);
   arguments.GiveBack();
   return answer;
 }

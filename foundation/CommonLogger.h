@@ -55,7 +55,8 @@ inline void Log(const Told& str, Long level, Boolean outputTime, Long instanceId
 inline void Log(LogText&& str, Long level = kOrdinary, Boolean outputTime = false, Long instanceId = -1) {
   if (observer) [[unlikely]]
     observer->OnLog(std::move(str).Text(), level);
-  detail::Log({str}, level, outputTime, instanceId);
+  // To read a message takes nothing from it; && only keeps a stored one from being handed in.
+  detail::Log({str}, level, outputTime, instanceId);  // NOLINT(bugprone-use-after-move)
 }
 
 }  // namespace CommonLogger

@@ -197,7 +197,7 @@ class Variant {
   // Into a Variant that owns nothing.
   template <class T>
   void Put(T value) {
-    static_assert(sizeof(T) <= sizeof(mPlace));
+    static_assert(sizeof(T) <= sizeof(mPlace));  // NOLINT(bugprone-sizeof-expression): T may be a pointer
     ::new (static_cast<void*>(mPlace)) T(std::move(value));
     mKind = kKindOf<T>;
   }
