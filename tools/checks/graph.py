@@ -10,7 +10,12 @@ SEAM = ["Dispatch::Invoke", "Dispatch::Elements", "Dispatch::AsPicture", "Enumer
 FRAME = ("foundation/procedure.h", "foundation/procedure.cpp")
 
 # Procedures that have a frame and raise nevertheless, into the tail of their caller.
-RAISING_PROCEDURES = {"cCustomClipboard::pbNotReady": "the caller's tail tells that the clipboard isn't open"}
+RAISING_PROCEDURES = {
+    "cCustomClipboard::pbNotReady": "the caller's tail tells that the clipboard isn't open",
+    "Advertisement::convertDate": "a bad date is an error of the settings in which it stands",
+    "AlphaBlender::AlphaBlend": "a fade ends in silence, a switch of windows tells the error: the caller decides",
+    "AdvertisementsFactory::AlphaBlend": "hands on to AlphaBlender::AlphaBlend",
+}
 
 
 class Graph:

@@ -144,7 +144,7 @@ void Sample::Dumped(Integer told, Integer untold) {  //! locals
     Integer first = fixed;  //! locals
     wanted = first > 0;
   }
-  STEP(Integer inside = Doubled(first); inside += 1; second = inside);  //! locals
+  STEP(Integer inside = Doubled(first); inside += 1; second = inside);
 }
 
 void Sample::Runs(Integer number) {
