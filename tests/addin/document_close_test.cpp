@@ -216,7 +216,7 @@ TEST_F(DocumentClose, MissingRibbon_IsNoErrorAtAClose) {
 
 TEST_F(DocumentClose, SmallToolbar_DisablesTheControlsOfTheLastDocument) {
   TheWorld();
-  Inside::SmallToolbar(Main()) = true;
+  ShrinkForReal();
   TheWorld().Open(u"One.doc");
   Did().Clear();
   EXPECT_TRUE(TheWorld().Close(u"One.doc"));
@@ -304,21 +304,22 @@ TEST_F(DocumentChange, FailingRibbon_IsAnErrorOfTheOperation) {
   EXPECT_EQ(Block(Did().Errors()), "1000 Main2.EnableGotoQuickBookmark\n");
 }
 
+// Whether a change takes it up, in each state that the toolbar passes through.
 TEST_F(DocumentChange, ShrinkThatHadToWait_IsTakenUp) {
-  TheWorld().Open(u"One.doc");
-  const struct {
-    bool isSmall;
-    bool hasShrunk;
-    std::size_t tries;
-  } cases[] = {{false, false, 0}, {true, false, 1}, {true, true, 0}, {false, true, 0}};
-  for (const auto& [isSmall, hasShrunk, tries] : cases) {
-    Inside::SmallToolbar(Main()) = isSmall;
-    Inside::HasShrunkToolbar(Main()) = hasShrunk;
+  const auto tries = [this] {
     Did().Clear();
     Main().HandleDocumentChange();
-    EXPECT_EQ(Did().Count(Doings::kLog, "log 0 ProcessEliteToolbar"), tries);
-  }
-  Inside::SmallToolbar(Main()) = false;
+    return Did().Count(Doings::kLog, "log 0 ProcessEliteToolbar");
+  };
+  TheWorld().Open(u"One.doc");
+  TheWorld().Open(u"Mail.doc", {.mail = true});
+  EXPECT_EQ(tries(), 0u) << "the full toolbar";
+  Main().ShrinkToolbar();
+  EXPECT_EQ(tries(), 1u) << "the mail is still in front";
+  EXPECT_EQ(tries(), 1u);
+  Word().Activate(u"One.doc");
+  EXPECT_EQ(tries(), 1u) << "now it is done";
+  EXPECT_EQ(tries(), 0u);
 }
 
 }  // namespace

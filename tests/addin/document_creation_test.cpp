@@ -206,7 +206,7 @@ TEST_F(DocumentCreation, FromWord2007On_TheIconShowsTheProductsTab) {
 
 TEST_F(DocumentCreation, SmallToolbar_NeedsNoEntry) {
   TheWorld();
-  Inside::SmallToolbar(Main()) = true;
+  ShrinkForReal();
   TheWorld().Open(u"One.doc");
   EXPECT_EQ(Registry(), "");
   EXPECT_EQ(Block(MainLogs()),
@@ -215,6 +215,60 @@ TEST_F(DocumentCreation, SmallToolbar_NeedsNoEntry) {
             "log 0 HandleDocumentCreateImpl End for " +
                 HexOf(Top("top 1")) + "\n");
   EXPECT_TRUE(Did().Of(Doings::kHook).empty());
+}
+
+// What keeps a strip away is nothing to the small toolbar: neither the reading layout, nor an event before any
+// document.
+TEST_F(DocumentCreation, SmallToolbar_IsCreatedForTheReadingLayoutToo) {
+  TheWorld();
+  ShrinkForReal();
+  TheWorld().Open(u"Book.doc", Reading());
+  EXPECT_EQ(Block(MainLogs()),
+            "log 0 HandleDocumentCreateImpl\n"
+            "log 0 ToggleToolbar True\n"
+            "log 0 HandleDocumentCreateImpl End for " +
+                HexOf(Top("top 1")) + "\n");
+  EXPECT_TRUE(BarShows());
+  EXPECT_TRUE(Inside::Enabled(Main()));
+  EXPECT_EQ(Did().Count(Doings::kUse, "get view Book.doc ReadingLayout"), 0u);
+}
+
+TEST_F(DocumentCreation, SmallToolbar_IsCreatedBeforeAnyDocumentToo) {
+  TheWorld();
+  ShrinkForReal();
+  TheWorld().Create();
+  EXPECT_EQ(Block(MainLogs()),
+            "log 0 HandleDocumentCreateImpl\n"
+            "log 0 ToggleToolbar True\n"
+            "log 0 HandleDocumentCreateImpl End for 0\n");
+  EXPECT_TRUE(Inside::Enabled(Main()));
+  EXPECT_EQ(Registry(), "");
+}
+
+// Who passes over the comparison of the counts goes on with what belongs to equal ones.
+TEST_F(DocumentCreation, CountsThatCantBeCompared_CountAsEqualWhenPassedOver) {
+  TheWorld().Open(u"One.doc");
+  Word().Open(u"Two.doc");
+  Did().Clear();
+  Did().during = [&](const Doings::Line& line) {
+    if (line.text.starts_with("get view Two.doc ReadingLayout")) Word().Faults().Arm("Documents", "count");
+  };
+  TheWorld().AnswerErrors({5});
+  TheWorld().Create();
+  Did().during = nullptr;
+  EXPECT_EQ(Block(Did().Errors()), "1000 Main2.HandleCreateDocument\n");
+  EXPECT_EQ(Did().Count(Doings::kLog, "log 2 RemoveExtraneousToolbar"), 1u);
+  EXPECT_EQ(Registry(), "top 1, top 2");
+
+  // Without a registry there is nothing to compare, and the error is the same statement's.
+  Begin(u"11.0");
+  Word().Open(u"One.doc");
+  Did().Clear();
+  Inside::Registry(Main()) = nullptr;
+  TheWorld().AnswerErrors({5});
+  TheWorld().Create();
+  EXPECT_EQ(Did().Errors()[0], "91 Main2.HandleCreateDocument");
+  EXPECT_EQ(Did().Count(Doings::kLog, "log 2 RemoveExtraneousToolbar"), 1u);
 }
 
 // A mail of an old Word stands in a window of Outlook's, which is the key then.
@@ -302,6 +356,47 @@ TEST_F(DocumentCreation, CallDuringTheWaitForTheBar_DoesntSeeTheNewToolbar) {
   EXPECT_EQ(during, "");
   EXPECT_EQ(Registry(), "top 1");
   EXPECT_TRUE(Did().Errors().empty());
+}
+
+// What the product would do if it didn't hold its events back until the creation is over.
+class EventDuringACreation : public DocumentCreation {
+ protected:
+  // Opens the document, and does this while its strip waits for the bar.
+  void OpenAndMeanwhile(const std::function<void()>& action) {
+    WorldOptions options;
+    options.word.barLate = 400;
+    Begin(options);
+    TheWorld().Open(u"One.doc");
+    TheWorld().desk.Clock().After(200, [this, action] {
+      ASSERT_EQ(Registry(), "top 1") << "the second isn't up yet";
+      action();
+    });
+    TheWorld().Open(u"Two.doc");
+  }
+};
+
+TEST_F(EventDuringACreation, Close_LeavesTheEntryOfADocumentThatIsGone) {
+  OpenAndMeanwhile([this] { EXPECT_TRUE(TheWorld().HandleClose(u"Two.doc")); });
+  EXPECT_EQ(Registry(), "top 1, top 2");
+}
+
+TEST_F(EventDuringACreation, HidingOfTheBar_HoldsTheCreationUpUntilTheBarShows) {
+  bool isUp = true;
+  OpenAndMeanwhile([&] {
+    Main().ReadingMode();
+    TheWorld().desk.Clock().After(1000, [&] {
+      isUp = ToolbarOf("top 2") != nullptr;
+      Inside::ToolbarVisible(Main(), true);
+    });
+  });
+  EXPECT_FALSE(isUp);
+  EXPECT_EQ(Registry(), "top 1, top 2");
+}
+
+TEST_F(EventDuringACreation, SecondCreation_IsEnteredFirstAndTheFirstNotAtAll) {
+  OpenAndMeanwhile([this] { TheWorld().Create(); });
+  EXPECT_EQ(Registry(), "top 1, top 2");
+  EXPECT_EQ(Block(Did().Errors()), "457 Main2.AddListener\n");
 }
 
 TEST_F(DocumentCreation, Toolbar_IsEnteredAfterItsWindowIsHooked) {

@@ -53,7 +53,7 @@ TEST_F(LumivexUpdate, WithoutAnyStrip_TheProductStillHears) {
 TEST_F(LumivexUpdate, SmallToolbar_ShowsItOnItsFourteenthControl) {
   for (const char16_t* version : {u"9.0", u"10.0", u"11.0"}) {
     Begin(version);
-    Inside::SmallToolbar(Main()) = true;
+    ShrinkForReal();
     for (const bool isOn : {true, false, true}) {
       Word().TheProduct().SetLumivex(isOn);
       Did().Clear();
@@ -73,10 +73,10 @@ TEST_F(LumivexUpdate, SmallToolbar_ShowsItOnItsFourteenthControl) {
 }
 
 TEST_F(LumivexUpdate, SmallToolbarWithTooFewControls_IsAnErrorAndNoNotice) {
-  WorldOptions options;
+  WorldOptions options = WithSmallBar();
   options.word.controlCount = 13;
   Begin(options);
-  Inside::SmallToolbar(Main()) = true;
+  ShrinkForReal();
   Update();
   ASSERT_EQ(Did().Errors().size(), 1u);
   EXPECT_TRUE(Did().Errors()[0].ends_with(" Main2.UpdateLumivexIcon"));
@@ -84,12 +84,9 @@ TEST_F(LumivexUpdate, SmallToolbarWithTooFewControls_IsAnErrorAndNoNotice) {
 }
 
 TEST_F(LumivexUpdate, SmallToolbar_LeavesStripsAlone) {
-  TheWorld().Open(u"One.doc");
-  Inside::SmallToolbar(Main()) = true;
-  Did().Clear();
+  OpenAndShrinkMeanwhile();
   Update();
   EXPECT_EQ(Strips(), 0u);
-  Inside::SmallToolbar(Main()) = false;
 }
 
 TEST_F(LumivexUpdate, Ribbon_IsToldTheState) {

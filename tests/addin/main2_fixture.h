@@ -73,6 +73,30 @@ class Main2Test : public testing::Test {
   Long Top(const char* name) { return Word().WindowByName(name); }
   static std::string HexOf(Long number) { return ToUtf8(HexText(number)); }
 
+  // The user shrinks the toolbar, and the telling begins anew.
+  void ShrinkForReal() {
+    Main().ShrinkToolbar();
+    ASSERT_TRUE(Inside::SmallToolbar(Main()));
+    Did().Clear();
+  }
+  // A world in which the bar has been small since Word's last run: shrinking it deletes nothing.
+  static WorldOptions WithSmallBar() {
+    WorldOptions options;
+    options.word.controlHeight = 22;
+    return options;
+  }
+  // A strip that stands on the small toolbar: the user shrinks it while the strip waits for Word to make the bar.
+  void OpenAndShrinkMeanwhile() {
+    WorldOptions options;
+    options.word.barLate = 400;
+    Begin(options);
+    TheWorld().desk.Clock().After(200, [this] { Main().ShrinkToolbar(); });
+    TheWorld().Open(u"One.doc");
+    ASSERT_TRUE(Inside::SmallToolbar(Main()));
+    ASSERT_EQ(Registry(), "top 1");
+    Did().Clear();
+  }
+
   // The keys of the registry by the names of their windows, in their order; "none" without a registry.
   std::string Registry() {
     const auto& registry = Inside::Registry(Main());

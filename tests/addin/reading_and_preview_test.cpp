@@ -150,8 +150,7 @@ TEST_F(ReadingLayout, WithoutADocument_IsAnError) {
 
 TEST_F(ReadingLayout, SmallToolbar_IsHiddenAndShown) {
   TheWorld().Open(u"One.doc");
-  Inside::RemoveAllToolbars(Main());
-  Inside::SmallToolbar(Main()) = true;
+  ShrinkForReal();
   Main().ReadingMode();
   EXPECT_TRUE(IsReading());
   EXPECT_FALSE(BarShows());

@@ -176,14 +176,12 @@ TEST_F(ToolbarRegistry, ExtraneousWithoutDocuments_IsTheFirst) {
 }
 
 TEST_F(ToolbarRegistry, ExtraneousInTheSmallToolbar_AreLeftAlone) {
-  OpenThree();
+  OpenAndShrinkMeanwhile();
   Word().Close(u"One.doc");
-  Inside::SmallToolbar(Main()) = true;
   Did().Clear();
   Inside::RemoveExtraneousToolbar(Main());
-  EXPECT_EQ(Inside::Registry(Main())->Count(), 3);
+  EXPECT_EQ(Inside::Registry(Main())->Count(), 1);
   EXPECT_EQ(Block(Did().Logs()), "log 2 RemoveExtraneousToolbar\n");
-  Inside::SmallToolbar(Main()) = false;
 }
 
 TEST_F(ToolbarRegistry, ExtraneousInAnEmptyRegistry_AreNone) {
@@ -214,12 +212,10 @@ TEST_F(ToolbarRegistry, RemovalOfAll_GoesInTheOrderOfTheKeys) {
 }
 
 TEST_F(ToolbarRegistry, RemovalOfAllInTheSmallToolbar_LeavesTheRegistry) {
-  OpenThree();
-  Inside::SmallToolbar(Main()) = true;
+  OpenAndShrinkMeanwhile();
   Inside::RemoveAllToolbars(Main());
-  EXPECT_EQ(Registry(), "top 1, top 2, top 3");
+  EXPECT_EQ(Registry(), "top 1");
   EXPECT_EQ(Block(Did().Logs()), "log 0 RemoveAllToolbars\n");
-  Inside::SmallToolbar(Main()) = false;
 }
 
 TEST_F(ToolbarRegistry, LastToolbar_GoesOnlyWhileItWaits) {
@@ -232,6 +228,19 @@ TEST_F(ToolbarRegistry, LastToolbar_GoesOnlyWhileItWaits) {
   EXPECT_EQ(Registry(), "") << "all keys, not the last window's alone";
   EXPECT_FALSE(Inside::MoveToolbarFlag(Main()));
   EXPECT_EQ(Did().Logs()[0], "log 0 RemoveLastToolbar");
+}
+
+TEST_F(ToolbarRegistry, LastToolbar_NoLongerWaitsWhenItsRemovalIsLogged) {
+  TheWorld().Open(u"One.doc");
+  TheWorld().Close(u"One.doc");
+  ASSERT_TRUE(Inside::MoveToolbarFlag(Main()));
+  std::string flagAtTheLog = "no log";
+  Did().during = [&](const Doings::Line& line) {
+    if (line.text == "log 0 RemoveLastToolbar") flagAtTheLog = Inside::MoveToolbarFlag(Main()) ? "waits" : "done";
+  };
+  Inside::RemoveLastToolbar(Main());
+  Did().during = nullptr;
+  EXPECT_EQ(flagAtTheLog, "done");
 }
 
 TEST_F(ToolbarRegistry, LastToolbarWithoutARegistry_IsNoError) {
@@ -271,11 +280,12 @@ TEST_F(ToolbarRegistry, ActiveEntryThatIsntThere_DoesntWait) {
 }
 
 TEST_F(ToolbarRegistry, ActiveEntryWithoutDocumentsOrStrip_IsLeftAlone) {
-  OpenThree();
-  Inside::SmallToolbar(Main()) = true;
+  OpenAndShrinkMeanwhile();
   Inside::RemoveActiveToolbarEntry(Main(), false);
   EXPECT_TRUE(Did().All().empty());
-  Inside::SmallToolbar(Main()) = false;
+  EXPECT_EQ(Registry(), "top 1");
+  Begin(u"11.0");
+  OpenThree();
   for (const char16_t* name : {u"One.doc", u"Two.doc", u"Three.doc"}) Word().Close(name);
   Did().Clear();
   Inside::RemoveActiveToolbarEntry(Main(), false);

@@ -44,8 +44,7 @@ TEST_F(UserCommands, ToggleOfLumivex_ShowsOnTheSmallToolbarsButton) {
   WorldOptions options;
   options.word.lumivexEnabled = true;
   Begin(options);
-  Inside::SmallToolbar(Main()) = true;
-  Inside::UpdateLumivexIcon(Main());
+  ShrinkForReal();
   EXPECT_EQ(Lumivex().Get("State").ToLong(), -1);
   Main().ToggleLumivex();
   EXPECT_EQ(Lumivex().Get("State").ToLong(), 0);
@@ -71,6 +70,16 @@ TEST_F(UserCommands, ToggleOfLumivex_LetsMessagesRunBetweenReadingAndWriting) {
   EXPECT_FALSE(before);
   EXPECT_TRUE(Word().TheProduct().IsLumivexEnabled()) << "the opposite of what stood before the messages";
   EXPECT_EQ(Notices(), 1u);
+}
+
+// One turn: what waits is handled, and what comes in meanwhile is not.
+TEST_F(UserCommands, ToggleOfLumivex_LetsMessagesRunOnce) {
+  for (const char16_t* version : {u"11.0", u"12.0"}) {
+    Begin(version);
+    Did().Clear();
+    Main().ToggleLumivex();
+    EXPECT_EQ(Did().Count(Doings::kService, "DoEvents"), 1u);
+  }
 }
 
 TEST_F(UserCommands, LumivexThatCantBeReadOrWritten_IsAnError) {
@@ -127,8 +136,7 @@ TEST_F(UserCommands, InTheManualWithTheSmallToolbar_ThePathIsTheAnswer) {
     Begin(version);
     WatchDialogs();
     TheWorld().Open(kManual);
-    Inside::RemoveAllToolbars(Main());
-    Inside::SmallToolbar(Main()) = true;
+    ShrinkForReal();
     EXPECT_EQ(OpenManual(), kManualPath);
     EXPECT_EQ(mShown, "");
   }

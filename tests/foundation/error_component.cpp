@@ -49,6 +49,7 @@ std::string Shown(const Variant& given) {
   if (const Picture* picture = value.If<Picture>()) return *picture ? "picture" : "no picture";
   if (const auto* bytes = value.If<Variant::Shared<Byte>>()) return ShownArray(**bytes);
   if (const auto* texts = value.If<Variant::Shared<String>>()) return ShownArray(**texts);
+  if (const auto* values = value.If<Variant::Shared<Variant>>()) return ShownArray(**values);
   if (const auto* flags = value.If<Variant::Shared<Boolean>>()) return ShownArray(**flags);
   if (const auto* values = value.If<Variant::Shared<Variant>>()) return ShownArray(**values);
   return ToUtf8(value.ToText());

@@ -1,4 +1,12 @@
-#include <filesystem>
+#include <fcntl.h>
+#include <linux/filter.h>
+#include <linux/seccomp.h>
+#include <sys/prctl.h>
+#include <sys/syscall.h>
+#include <unistd.h>
+
+#include <csignal>
+#include <cstddef>
 
 #include "foundation/CommonLogger.h"
 #include "tests/foundation/foundation_fixture.h"
@@ -14,32 +22,21 @@ class Hearing final : public LogObserver {
   LogLines log;
 };
 
-// An empty folder to stand in, and everything in it afterwards.
-class EmptyFolder {
- public:
-  EmptyFolder() : mBefore(std::filesystem::current_path()) {
-    mFolder = std::filesystem::path(testing::TempDir()) / "strandline_logger_test";
-    std::filesystem::remove_all(mFolder);
-    std::filesystem::create_directories(mFolder);
-    std::filesystem::current_path(mFolder);
+// From now on the process ends at the first opening of a file or a connection, wherever that is.
+void ForbidOpening() {
+  static constexpr long kForbidden[] = {SYS_openat, SYS_openat2, SYS_socket,
+#ifdef SYS_open
+                                        SYS_open, SYS_creat
+#endif
+  };
+  std::vector<sock_filter> program = {BPF_STMT(BPF_LD | BPF_W | BPF_ABS, offsetof(seccomp_data, nr))};
+  for (const long call : kForbidden) {
+    program.push_back(BPF_JUMP(BPF_JMP | BPF_JEQ | BPF_K, static_cast<__u32>(call), 0, 1));
+    program.push_back(BPF_STMT(BPF_RET | BPF_K, SECCOMP_RET_KILL_PROCESS));
   }
-  ~EmptyFolder() {
-    std::filesystem::current_path(mBefore);
-    std::filesystem::remove_all(mFolder);
-  }
-  std::size_t Files() const {
-    const std::filesystem::recursive_directory_iterator files(mFolder);
-    return static_cast<std::size_t>(std::distance(begin(files), end(files)));
-  }
-
- private:
-  std::filesystem::path mBefore;
-  std::filesystem::path mFolder;
-};
-
-std::size_t OpenFiles() {
-  const std::filesystem::directory_iterator files("/proc/self/fd");
-  return static_cast<std::size_t>(std::distance(begin(files), end(files)));
+  program.push_back(BPF_STMT(BPF_RET | BPF_K, SECCOMP_RET_ALLOW));
+  const sock_fprog all{static_cast<unsigned short>(program.size()), program.data()};
+  if (prctl(PR_SET_NO_NEW_PRIVS, 1, 0, 0, 0) != 0 || prctl(PR_SET_SECCOMP, SECCOMP_MODE_FILTER, &all) != 0) _exit(2);
 }
 
 class Logger : public FoundationTest {
@@ -101,16 +98,23 @@ TEST_F(Logger, LogBeforeOpeningAndAfterClosing_DoesNothing) {
   EXPECT_EQ(variables.mStackCalls, 0);
 }
 
-TEST_F(Logger, Log_MakesNoFileAndOpensNone) {
-  const EmptyFolder folder;
-  const std::size_t open = OpenFiles();
-  CommonLogger::OpenLog(0, u"Quillmere", u"strandline", u"Morvane");
-  for (Long level = 0; level < 3; ++level) {
-    for (Long i = 0; i < 1000; ++i) Log(Joined(u"message ", i), level, true, i);
-  }
-  EXPECT_EQ(OpenFiles(), open);
-  CommonLogger::CloseLog(-1);
-  EXPECT_EQ(folder.Files(), 0u);
+TEST_F(Logger, OpensNoFileAnywhere) {
+  const auto logs = [] {
+    ForbidOpening();
+    CommonLogger::OpenLog(0, u"Quillmere", u"strandline", u"Morvane");
+    for (Long level = 0; level < 3; ++level) {
+      for (Long i = 0; i < 1000; ++i) Log(Joined(u"message ", i), level, true, i);
+    }
+    CommonLogger::CloseLog(-1);
+    _exit(0);
+  };
+  EXPECT_EXIT(logs(), testing::ExitedWithCode(0), "");
+  const auto opens = [] {
+    ForbidOpening();
+    open("/dev/null", O_RDONLY);
+    _exit(0);
+  };
+  EXPECT_EXIT(opens(), testing::KilledBySignal(SIGSYS), "") << "what opens a file is found";
 }
 
 TEST_F(Logger, Log_TakesNoMemory) {
