@@ -45,6 +45,8 @@ class Toolbar final : public ClassObject, public MessageSink {
   void ReportState(StateVisitor& to) const;
 
  private:
+  friend struct ToolbarAccess;  // the tests' way to a toolbar that has seen many moves
+
   void Terminated() override;
   // Stretches of the hook's event.
   Boolean BeforeMessageWhileQuitting(Frame& procedure, Long uMsg, Long wParam, Long lParam, Boolean& Cancel);

@@ -133,6 +133,21 @@ TEST_F(Docking, SwitchListener_With0_LooksForTheBarItself) {
   EXPECT_EQ(world->desk.Windows().LiveHooks(), 1u);
 }
 
+// Nothing is there to be taken off, which is no error; the strip that isn't there is one.
+TEST_F(Docking, SwitchListener_WithoutAHookAndAStrip_PutsAHookOn) {
+  Begin();
+  toolbar = New<Toolbar>();
+  toolbar->SwitchListener(world->Bar());
+  EXPECT_EQ(TakeErrors(), "91 Toolbar.SwitchListener\n");
+  EXPECT_EQ(world->desk.Windows().LiveHooks(), 1u);
+  EXPECT_EQ(ToolbarNumber(u"mHwnd"), 0);
+  world->errors.Answer({Variant(vbwProtector::kIgnore)});
+  toolbar->SwitchListener(world->Bar());
+  EXPECT_EQ(TakeErrors(), "91 Toolbar.SwitchListener\n");
+  EXPECT_EQ(world->desk.Windows().LiveHooks(), 1u);
+  EXPECT_EQ(ToolbarNumber(u"mHwnd"), world->Bar());
+}
+
 TEST_F(Docking, SwitchListener_ByItself_LeavesTheCountOfPaintsAlone) {
   BeginWithToolbar();
   toolbar->SwitchListener(world->Bar());

@@ -3,6 +3,11 @@
 #include "tests/toolbar/toolbar_fixture.h"
 
 namespace strandline {
+
+struct ToolbarAccess {
+  static void SetEpoch(Toolbar& toolbar, Long epoch) { toolbar.epoch = epoch; }
+};
+
 namespace {
 
 class HookTimer : public ToolbarTest {
@@ -111,6 +116,38 @@ TEST_F(HookTimer, HandleMouseMove_OnTheStrip_SetsAOneShotOfANewNumberEachTime) {
   world->Wait(1000);
   EXPECT_EQ(AsText(Beginning(trace().Take(), "KillTimer")), "KillTimer(bar 1, 65539)\n");
   EXPECT_EQ(world->desk.Windows().LiveTimers(), 0u);
+}
+
+// The bit is set in the count, not added to it: after 65,536 moves the numbers begin again.
+TEST_F(HookTimer, HandleMouseMove_AfterManyMoves_UsesTheNumbersAgain) {
+  BeginWithToolbar();
+  Hear();
+  for (const Long epoch : {0, 65534, 65535, 65536, 131071}) {
+    ToolbarAccess::SetEpoch(*toolbar, epoch);
+    toolbar->HandleMouseMove(false, 20, 20);
+  }
+  EXPECT_EQ(trace().TakeText(),
+            "SetTimer(bar 1, 65537, 200)\n"
+            "SetTimer(bar 1, 131071, 200)\n"
+            "SetTimer(bar 1, 65536, 200)\n"
+            "SetTimer(bar 1, 65537, 200)\n"
+            "SetTimer(bar 1, 196608, 200)\n");
+  world->Wait(1000);
+}
+
+TEST_F(HookTimer, HandleMouseMove_BeyondTheLastNumber_IsAnErrorAndSetsNoTimer) {
+  BeginWithToolbar();
+  ToolbarAccess::SetEpoch(*toolbar, 2147483647);
+  Hear();
+  toolbar->HandleMouseMove(false, 20, 20);
+  EXPECT_EQ(AsText(Beginning(trace().Take(), "SetTimer")), "");
+  EXPECT_EQ(TakeErrors(), "6 Toolbar.HandleMouseMove\n");
+  // Gone on behind it, the count stays where it is.
+  world->errors.Answer({Variant(vbwProtector::kIgnore)});
+  toolbar->HandleMouseMove(false, 20, 20);
+  EXPECT_EQ(AsText(Beginning(trace().Take(), "SetTimer")), "SetTimer(bar 1, 2147483647, 200)\n");
+  EXPECT_EQ(TakeErrors(), "6 Toolbar.HandleMouseMove\n");
+  world->Wait(1000);
 }
 
 }  // namespace
