@@ -23,6 +23,11 @@ def read(path):
         return file.read()
 
 
+def read_bytes(path):
+    with open(path, "rb") as file:
+        return file.read()
+
+
 def write_if_changed(path, text):
     os.makedirs(os.path.dirname(path), exist_ok=True)
     if not os.path.exists(path) or read(path) != text:
@@ -35,16 +40,17 @@ def load(path, otherwise):
 
 
 class Build:
-    """`files`: what is mutated. `all_files`: what of it may be mutated at all; of these, a source is compiled where it
-    is mutated or includes a mutated header. `flags`: of the compiler. `link`: makes the command that links, from the
-    compiled sources, the objects and the program's path. `cache`: what several builds share; `place`: the folder of this
-    one."""
+    """`files`: what is mutated. `all_files`: what may be mutated at all; of these, a source is compiled where it is
+    mutated or includes a mutated header. `flags`: of the compiler. `link`: from the compiled sources, the objects and the
+    program's path it makes the command that links, and tells the files of the tests and what else goes in. `cache`: the
+    folder that several builds share; `place`: the one of this build."""
 
     def __init__(self, root, cache, place, files, all_files, flags, link, jobs, say):
         self.root, self.cache, self.place, self.files, self.all_files = root, cache, place, files, all_files
         self.flags, self.link, self.jobs, self.say = flags, link, jobs, say
         self.tree = f"{place}/tree"
         self.program = f"{place}/mutants"
+        self.tests = ""  # a digest of them: a survivor has to survive each new one
         self.refused = load(f"{place}/refused.json", {})  # mutants that the compiler won't have: key to message
 
     # --- The points of all files
@@ -155,7 +161,8 @@ class Build:
         for source in sources:
             objects.append(f"objects/{source}.o")
             lines.append(f"build objects/{source}.o: compile {self.tree if source in self.files else self.root}/{source}")
-        command, inputs = self.link(sources, [f"{self.place}/{name}" for name in objects], self.program)
+        command, tests, others = self.link(sources, [f"{self.place}/{name}" for name in objects], self.program)
+        self.tests = digest(*[hashlib.sha1(read_bytes(path)).hexdigest() for path in tests if os.path.exists(path)])[:16]
         lines += ["rule link", f"  command = {command.replace('$', '$$')}",
-                  f"build mutants: link {' '.join(objects)} | {' '.join(inputs)}", "default mutants", ""]
+                  f"build mutants: link {' '.join(objects)} | {' '.join(tests + others)}", "default mutants", ""]
         write_if_changed(f"{self.place}/build.ninja", "\n".join(lines))

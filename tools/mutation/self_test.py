@@ -37,7 +37,7 @@ EXPECTED = [
 
 
 def link(sources, objects, program):
-    return f"clang++ -o {program} {' '.join(objects)} sample_test.o -lgtest -lpthread", ["sample_test.o"]
+    return f"clang++ -o {program} {' '.join(objects)} sample_test.o -lgtest -lpthread", ["sample_test.o"], []
 
 
 def self_test(root, hold, Results):
