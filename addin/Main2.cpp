@@ -120,6 +120,7 @@ void Main2::HandleCreateDocument(Boolean& startedFromIcon) {
   HandleDocumentCreateImpl();
 }
 
+// odd: box-of-the-creation
 void Main2::HandleDocumentCreateImpl() {
   METHOD(void, u"HandleDocumentCreateImpl");
   Long hwnd = 0;
@@ -191,6 +192,7 @@ void Main2::HandleDocumentChange() {
 
 // The count still includes the document that is closing. It is the active window that loses its entry, not necessarily
 // the window of doc, which serves only the save question.
+// odd: count-with-the-closing
 Boolean Main2::HandleCloseDocument(Object& doc) {
   METHOD(Boolean, u"HandleCloseDocument", doc);
   Boolean cancel = false;

@@ -66,6 +66,7 @@ Library::Library(const Platform& services) {
   vbwProtector::vbwInitializeProtector();
 }
 
+// odd: relay-after-quit
 Library::~Library() {
   ForgetVariables();
   SetLogObserver(nullptr);

@@ -122,6 +122,7 @@ void Main2::RemoveLastToolbar() {
   }
 }
 
+// odd: waiting-entry
 void Main2::RemoveActiveToolbarEntry(Boolean keepLastDocument) {
   METHOD(void, u"RemoveActiveToolbarEntry", keepLastDocument);
   Long count = 0;
@@ -142,6 +143,7 @@ void Main2::RemoveActiveToolbarEntry(Boolean keepLastDocument) {
   }
 }
 
+// odd: empty-entry
 void Main2::mCallbackToMe_ValueChangedWithAds(const Array<Boolean>& ads, const String& value) {
   METHOD(void, u"mCallbackToMe_ValueChangedWithAds", ads, value);
   Long key = 0;

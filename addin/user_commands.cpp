@@ -55,6 +55,7 @@ void Main2::ToggleLumivex() {
 
 // In the manual the same button means Find. Elsewhere the manual's links are to work on a plain click, and Word's
 // option for that stays changed.
+// odd: hyperlink-option
 String Main2::OpenUserManual() {
   METHOD(String, u"OpenUserManual");
   here.IgnoreErrors();

@@ -76,6 +76,7 @@ Boolean Advertisements::isEmptyArrayBoolean(const Array<Boolean>& testArray) {
 // After a value has changed only the ads that depend on it are asked, and all others leave the rotation of this window
 // until the next full update: a reader whose answer an ad is about sees that ad. The ad on screen stays, even one that
 // may no longer show, until the rotation goes on.
+// odd: unfiltered-drop
 void Advertisements::ReinitializeVisibleArray(Array<Boolean>& visibleUpdateArray) {
   METHOD(void, u"ReinitializeVisibleArray", visibleUpdateArray);
   Long last = -1;

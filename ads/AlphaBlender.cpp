@@ -42,6 +42,7 @@ void AlphaBlender::Initialize(Integer& width, Integer& height) {
 }
 
 // A blend that can't be made is let go of, or a component that always fails would cost two handles at each step.
+// odd: blends-stay
 void AlphaBlender::AlphaBlend(Long& targetHdc, Integer& previousIndex, Integer& currentIndex, Single& percentage) {
   METHOD(void, u"AlphaBlend", targetHdc, previousIndex, currentIndex, percentage);
   Graphics& graphics = platform::Graphics();

@@ -31,6 +31,7 @@ void AdvertisementsFactory::InitializeDefaultAd() {
 }
 
 // The look for a newer library is switched off here, at this one point: a user gets the library that is on the disk.
+// odd: no-look
 void AdvertisementsFactory::CheckForNewAds(Boolean abortAfterFiveSeconds) {
   METHOD(void, u"CheckForNewAds", abortAfterFiveSeconds);
 }

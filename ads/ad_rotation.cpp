@@ -72,6 +72,7 @@ void Advertisements::IncrementFade(AdStrip& theButtons) {
   STEP(theButtons.PaintAd(percentage >= 1));
 }
 
+// odd: rotation-goes-on
 void Advertisements::TickEndFade(Long hWnd, AdStrip& theButtons) {
   METHOD(void, u"TickEndFade", hWnd, theButtons);
   IncrementFade(theButtons);

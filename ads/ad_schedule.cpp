@@ -57,6 +57,7 @@ Boolean Advertisement::InRepeatTiming(Date startDate, Date endDate, const String
   }
 }
 
+// odd: zeroth-day
 Boolean Advertisement::InRepeatDaily(const String& body, Date startDate, Date currentDate) {
   METHOD(Boolean, u"InRepeatDaily", body, startDate, currentDate);
   return here.result = InRepeatEveryOther(body, startDate, 1, currentDate);
@@ -87,6 +88,7 @@ Boolean Advertisement::InRepeatMonthly(const String& body, Date startDate, Date 
 }
 
 // No such rule is in use: a body makes it false, and without one there is no month to read.
+// odd: yearly-rule
 Boolean Advertisement::InRepeatYearly(const String& body, Date currentDate) {
   METHOD(Boolean, u"InRepeatYearly", body, currentDate);
   Array<String> parts;
@@ -139,6 +141,7 @@ Boolean Advertisement::InRepeatEveryOther(const String& body, Date startDate, In
   }
 }
 
+// odd: february
 Integer Advertisement::NumberOfDaysInMonth(Integer workingYear, Integer workingMonth) {
   METHOD(Integer, u"NumberOfDaysInMonth", workingYear, workingMonth);
   STEP(here.result = dates::Day(dates::FromParts(workingYear, ToInteger(workingMonth + 1), 0)));

@@ -63,6 +63,7 @@ Picture IPictureDispUtilities::hBmpToIPictureDisp(Long hBmp) {
   return here.result = oNewPic;
 }
 
+// odd: placeholder-loss
 Long IPictureDispUtilities::IPictureDispToHdc(const Picture& picture) {
   METHOD(Long, u"IPictureDispToHdc", picture);
   Graphics& graphics = platform::Graphics();
@@ -96,6 +97,7 @@ void IPictureDispUtilities::CleanupIPictureDispToHdc() {
   mIPictureDispHdc = 0;
 }
 
+// odd: himetric-mask
 Picture IPictureDispUtilities::CreateIPictureDispMask(const Picture& picture) {
   METHOD(Picture, u"CreateIPictureDispMask", picture);
   Graphics& graphics = platform::Graphics();
@@ -145,6 +147,7 @@ void IPictureDispUtilities::CreateMask(Long dstDC, Integer width, Integer height
   graphics.DeleteDC(monoDC);
 }
 
+// odd: open-run
 Long IPictureDispUtilities::MakeRegion(const Picture& picture, Long transparentColor) {
   METHOD(Long, u"MakeRegion", picture, transparentColor);
   Graphics& graphics = platform::Graphics();

@@ -34,6 +34,8 @@ Boolean Painter::NeedRepaint(Long activeDocHwnd, Long hWnd) {
 
 // Only the first step of a capture from the screen releases anything: the other contexts are overwritten, and what an
 // earlier Initialize put there is let go. Every toolbar does this once or twice in its life.
+// odd: capture-loss
+// odd: paint-inside-the-capture
 void Painter::Initialize(Long activeDocHwnd, Long hWnd, Long hdc) {
   METHOD(void, u"Initialize", activeDocHwnd, hWnd, hdc);
   Graphics& graphics = platform::Graphics();

@@ -19,6 +19,7 @@ Boolean usePasteFaceWorkaround() {
   return here.result = CommonWordInteractionFunctions::isWord2000() || LanguageExtensions::InIDE();
 }
 
+// odd: rich-text-only
 void SetButtonIcon(const Object& button, const Picture& icon) {
   PROCEDURE(void, u"SetButtonIcon", button, icon);
   using CommonWordWindowFunctions::ActiveDocumentHandle;

@@ -102,6 +102,7 @@ void Painter::optimizeDrawingRectangle(Integer& destx, Integer& desty, Integer& 
   STEP(srcY = ToInteger(desty - srcY));
 }
 
+// odd: two-sides
 Boolean Painter::inUpdateRect(Integer& destx, Integer& desty, Integer& width, Integer& height) {
   METHOD(Boolean, u"inUpdateRect", destx, desty, width, height);
   CONDITION(isInside, ToInteger(destx + width) > mUpdateRect.left && ToInteger(desty + height) > mUpdateRect.top);

@@ -16,6 +16,7 @@ class LogObserver {
   ~LogObserver() = default;
 };
 
+// odd: inert-logger
 namespace CommonLogger {
 
 struct Variables {

@@ -9,6 +9,7 @@ constexpr ModuleInfo kModuleInfo{u"MessageLoop", nullptr};
 constexpr ModuleFile kModule{&kModuleInfo};
 }  // namespace
 
+// odd: consumed-quit
 void MessageLoop::EnterBlockingLoop() {
   METHOD(void, u"EnterBlockingLoop");
   Message message;

@@ -11,6 +11,7 @@ constexpr Long kFirstTimerId = 442;
 constexpr Long kLastTimerId = 6000;
 }  // namespace
 
+// odd: lost-timer
 void Wait(Long timeInMs, Long hwnd) {
   PROCEDURE(void, u"Wait", timeInMs, hwnd);
   Long id = 0;

@@ -157,6 +157,7 @@ Boolean cCustomClipboard::SetClipboardMemoryHandle(Long& lFormatId, Long hMem) {
 // Bytes are read from `i` on and written from `j` on, in place: characters in UTF-8 become single bytes. A lead that
 // isn't followed by what it announces is passed over, and what stands at its place stays there; bytes that end amid a
 // mark of punctuation raise 9, and a byte that its change takes out of its range raises 6.
+// odd: folded-bytes
 Boolean cCustomClipboard::GetTextData(String& sTextOut, Long& lFormatId) {
   METHOD(Boolean, u"GetTextData", sTextOut, lFormatId);
   Array<Byte> bData;

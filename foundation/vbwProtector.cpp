@@ -97,6 +97,7 @@ Boolean alwaysIgnore(const String& StrRememberErrors, const String& strLastError
   return here.result = FindText(StrRememberErrors, strLastError) > 0;
 }
 
+// odd: silent-without-component
 Long vbwErrorHandler(Long errNumber, const String& ErrDescription, const String& ErrProject, const String& ErrSource,
                      const String& ErrProcedure, Long errLine) {
   PROCEDURE(Long, u"vbwErrorHandler", errNumber, ErrDescription, ErrProject, ErrSource, ErrProcedure, errLine);

@@ -25,6 +25,7 @@ struct ModuleFile {
   Long lineBase = 0;
 };
 
+// odd: trace-names
 struct ProcedureName {
   const ModuleFile* file;
   TextView name;  // with [Get] or [Let] for the accessor of a property
@@ -35,6 +36,7 @@ struct ProcedureName {
 
 namespace vbwProtector {
 
+// odd: stack-of-64
 inline constexpr Integer kStackSize = 64;
 inline constexpr Integer kMostCalls = 32767;
 

@@ -8,6 +8,7 @@
 namespace strandline {
 
 using Byte = std::uint8_t;
+// odd: integer-16
 using Integer = std::int16_t;
 using Long = std::int32_t;
 using Boolean = bool;

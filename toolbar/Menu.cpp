@@ -91,6 +91,7 @@ void Menu::Activate() {
 
 // Without the capture, a mouse that moves over the strip while the menu is down doesn't close the menu. Always releases
 // the capture, even if no window holds it.
+// odd: capture-released
 void Menu::HackToKeepMenuDroppedWhenMousingOverToolbarButtons() {
   METHOD(void, u"HackToKeepMenuDroppedWhenMousingOverToolbarButtons");
   platform::Windows().GetCapture();

@@ -48,6 +48,7 @@ void SetHook(Ref<Subclasser>& hook, Ref<Subclasser> made, MessageSink* sink) {
 
 }  // namespace
 
+// odd: endless-wait
 void Toolbar::Initialize(Long parentHwnd) {
   METHOD(void, u"Initialize", parentHwnd);
   Long time = 0;
@@ -120,6 +121,7 @@ void Toolbar::ReprimeTimerCycle() {
 }
 
 // Runs inside the event of the very hook that it drops. The old one goes first: the window never has two hooks of ours.
+// odd: switch-timer
 void Toolbar::SwitchListener(Long newHwnd) {
   METHOD(void, u"SwitchListener", newHwnd);
   Log(u"SwitchListener");

@@ -24,6 +24,7 @@ Long FarPlace(const Object& control, Name extent, Name edge, Integer offset) {
 
 }  // namespace
 
+// odd: first-control-counts
 Boolean Buttons::UpdateButtonRects() {
   METHOD(Boolean, u"UpdateButtonRects");
   Object controls;

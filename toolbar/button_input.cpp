@@ -92,6 +92,7 @@ Boolean Buttons::HandleButtonDown(Long x, Long y) {
 // A command can let messages run, so that a second click arrives inside the first; that one is swallowed. What fails in
 // a command must not keep the strip from coming to rest. The Lumivex cell while it is on is the exception: there an
 // error is told, and where it ends the procedure, clicks stay swallowed.
+// odd: swallowed-clicks
 Boolean Buttons::HandleButtonUp() {
   METHOD(Boolean, u"HandleButtonUp");
   if (mIsHandling) {

@@ -66,6 +66,7 @@ Boolean ViewingReadingLayout() {
   return here.Leave();
 }
 
+// odd: later-separator
 Integer WordVersion() {
   PROCEDURE(Integer, u"WordVersion[Get]");
   String version;

@@ -113,6 +113,7 @@ void getFormatterClassNames(Array<String>& files) {
 }
 
 // mFormatters stays, though emptied, and so do the display names: discovery replaces both whenever it runs.
+// odd: maps-at-reinitialize
 void ReInitialize() {
   PROCEDURE(void, u"ReInitialize");
   variables.mCurrentFormatter = String();

@@ -13,12 +13,15 @@ TYPES = [
     (r"strandline::Walk$", "a place in a collection"),
     (r"strandline::Pieces$", "a place in a text"),
     (r"TextView$|basic_string_view<char16_t", "a view of a text that stands elsewhere"),
+    (r"(Byte|unsigned char) \*( ?const)?$", "a place in memory, which a dump has no text for"),
     (r"size_t$|^unsigned long", "a place in a text or a container of C++"),
 ]
 
 # Single locals, as "Class::Function, local", and why.
 EXCEPTIONS = {
     "Advertisement::addEmailParameterToWebsite, address": "the parameter website once more, which getEmail may change",
+    "LoadImageFromResource::LoadResGifJpgBmp, told": "what an observer is told at every way out",
+    "ToolbarUtilities::capitalize, first": "one character, which has no kind of its own in a dump",
 }
 
 

@@ -38,8 +38,6 @@ FRAMELESS = [
      "for other classes of the library: hands out a reference"),
     (r"cCustomClipboard::(IsDataAvailableForFormat|GetTextData|SetTextData)", "takes a number for a variable"),
     (r"CommonWordWindowFunctions::ActiveDocumentHandle", "one form of it drops the flag"),
-    (r"Painter::(CaptureFromScreen|FreeContext)|IPictureDispUtilities::AddLine",
-     "a step of one procedure, apart to be read"),
 ]
 
 # Calls that can raise outside of a STEP, as "procedure, callee", and why.

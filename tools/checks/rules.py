@@ -1,6 +1,6 @@
 """The house rules by name. Each takes a tree and gives (file, line, reason) for each place where it is broken."""
 
-from . import dumps, frames, sources, stretches, tidy
+from . import design, dumps, frames, sources, stretches, tidy
 
 TIDY = "clang-tidy"
 
@@ -10,6 +10,7 @@ RULES = {
     "line-bases": sources.check_line_bases,
     "listed": sources.check_listed,
     "size": sources.check_size,
+    "design": design.check,
     "frames": lambda tree: frames.check(tree.core()),
     "stretches": lambda tree: stretches.check(tree.core()),
     "locals": lambda tree: dumps.check(tree.core()),

@@ -180,3 +180,13 @@ UNCAUGHT = {"Sample::NotThere, ToInteger": "names nothing"}
 RAISING_PROCEDURES = {"Sample::Through": "its error goes to the caller", "Sample::NotThere": "names nothing"}
 LOCALS = {"Sample::NotThere, number": "names nothing"}
 STALE = {"frames": 3, "locals": 1}  # findings in the lists of exceptions themselves
+
+# A design page and what it tells of.
+DESIGN = {
+    "ads/a.cpp": "// odd: word\n",
+    "tests/t.cpp": "// shown in docs/design.md\nint x;\n// until here\nTEST(Suite, Name) {}\n",
+}
+_EXAMPLE = "<!-- tests/t.cpp -->\n```cpp\nint {};\n```\n"
+PAGE = _EXAMPLE.replace("{}", "x") + "| `word` | odd | `Suite.Name` |\n`ads/a.cpp`\n"
+PAGE_WITH_FAULTS = (_EXAMPLE.replace("{}", "y") + "| `other` | odd | `Suite.Name` |\n"
+                    "`ads/b.cpp`\n| `word-2` | odd | `Suite.Else` |\n")

@@ -6,7 +6,7 @@ import re
 import shutil
 import tempfile
 
-from . import dumps, frames, samples, sources, stretches, tidy
+from . import design, dumps, frames, samples, sources, stretches, tidy
 from .model import ParseError
 from .tree import CORE, Tree
 
@@ -78,6 +78,11 @@ def _text_rules(score, root):
         ("listed", sources.check_listed, {"ads/c.cpp": "", "tests/x/d.cpp": "", "build/e/f.cpp": ""}, []),
         ("size", sources.check_size, {"ads/a.h": "\n" * 601, "tests/b.cpp": "\n" * 600}, [("ads/a.h", 601)]),
         ("size", sources.check_size, {"ads/a.h": "\n" * 600}, []),
+        ("design", design.check, {**samples.DESIGN, "docs/design.md": samples.PAGE}, []),
+        ("design, of a page with faults", design.check, {**samples.DESIGN, "docs/design.md": samples.PAGE_WITH_FAULTS},
+         [("docs/design.md", 1), ("docs/design.md", 5), ("docs/design.md", 6), ("docs/design.md", 7), ("docs/design.md", 7),
+          ("ads/a.cpp", 1)]),
+        ("design, without the page", design.check, {}, [("docs/design.md", 1)]),
     ]
     for name, rule, files, expected in cases:
         with sample_tree({".clang-format": style, **files}) as tree:
