@@ -232,9 +232,10 @@ void Main2::ReportVariables(Reporter& to) const {
 
 void Main2::ReportToolbars(StateVisitor& to) const {
   if (!mToolbars) return;
-  for (Long i = 0; i < mToolbars->Count(); ++i) {
-    const Object* const item = mToolbars->ItemAt(i).If<Object>();
-    const auto* const toolbar = item ? dynamic_cast<const Toolbar*>(item->Target()) : nullptr;
+  const Array<Variant> items = mToolbars->Items();
+  for (const Variant& item : items.Elements()) {
+    const Object* const object = item.If<Object>();
+    const auto* const toolbar = object ? dynamic_cast<const Toolbar*>(object->Target()) : nullptr;
     if (toolbar) toolbar->ReportState(to);
   }
 }

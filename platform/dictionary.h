@@ -1,48 +1,38 @@
 #pragma once
 
 // The associative container of scripts: keys in the order of their adding, texts compared with case, and *reading an
-// absent key adds it with Empty*. It is an object of its own, reached by name by whoever it is handed to (a formatter
-// fills one, the store keeps others).
-
-#include <vector>
+// absent key adds it with Empty*. Components::CreateDictionary makes one. On Windows it is the system's own object, so
+// that whoever is handed it (a formatter that fills one, the store that keeps others) has all members and interfaces
+// that such an object has there.
 
 #include "platform/variant.h"
 
 namespace strandline {
 
-class Dictionary final : public Dispatch {
+namespace errors {
+inline constexpr Long kElementNotFound = 32811;
+}
+
+class Dictionary : public Dispatch {
  public:
-  Long Count() const { return static_cast<Long>(mEntries.size()); }
-  bool Exists(const Variant& key) const { return Find(key) != kAbsent; }
+  virtual Long Count() const = 0;
+  virtual bool Exists(const Variant& key) const = 0;
   // Raises 457 for a key that is there.
-  void Add(const Variant& key, const Variant& item);
+  virtual void Add(const Variant& key, const Variant& item) = 0;
   // An absent key is added with Empty.
-  Variant Item(const Variant& key);
-  void SetItem(const Variant& key, const Variant& item);
-  // Raises for an absent key.
-  void Remove(const Variant& key);
-  void RemoveAll() { mEntries.clear(); }
-  // By position, 0 to Count - 1; raises 9 outside.
-  const Variant& KeyAt(Long position) const { return At(position).key; }
-  const Variant& ItemAt(Long position) const { return At(position).item; }
+  virtual Variant Item(const Variant& key) = 0;
+  virtual void SetItem(const Variant& key, const Variant& item) = 0;
+  // Raises 32811 for an absent key.
+  virtual void Remove(const Variant& key) = 0;
+  virtual void RemoveAll() = 0;
+  // As they are now, from 0 on.
+  virtual Array<Variant> Keys() const = 0;
+  virtual Array<Variant> Items() const = 0;
 
-  // Item, Exists, Add, Remove, RemoveAll and Count by name; going through one yields its keys.
-  Variant Invoke(Use use, Name member, const Arguments& arguments) override;
-  Long Identity() const override;
-  Ref<Enumerator> Elements() override;
-
- private:
-  struct Entry {
-    Variant key;
-    std::size_t hash;
-    Variant item;
-  };
-  static constexpr std::size_t kAbsent = static_cast<std::size_t>(-1);
-  const Entry& At(Long position) const;
-  std::size_t Find(const Variant& key) const;
-  Entry& FindOrAdd(const Variant& key);
-
-  std::vector<Entry> mEntries;
+  // One of them, by its position. Each call makes them all: who wants several asks for Keys or Items once. Raises 9
+  // outside of 0 to Count - 1.
+  Variant KeyAt(Long position) const { return Keys()(position); }
+  Variant ItemAt(Long position) const { return Items()(position); }
 };
 
 // The dictionary, which must be there: Nothing raises 91.

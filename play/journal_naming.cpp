@@ -10,6 +10,8 @@
 #include <memory>
 #include <typeinfo>
 
+#include "platform/dictionary.h"
+
 namespace strandline::play {
 
 namespace {
@@ -59,8 +61,9 @@ struct ToJson {
   }
 };
 
-// "strandline::Buttons" gives "Buttons".
+// "strandline::Buttons" gives "Buttons". Each world has a class of its own for dictionaries.
 std::string ClassName(const Dispatch& object) {
+  if (dynamic_cast<const Dictionary*>(&object)) return "Dictionary";
   int status = 0;
   const std::unique_ptr<char, void (*)(void*)> full(
       abi::__cxa_demangle(typeid(object).name(), nullptr, nullptr, &status), &std::free);

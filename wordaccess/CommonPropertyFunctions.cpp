@@ -1,5 +1,6 @@
 #include "wordaccess/CommonPropertyFunctions.h"
 
+#include "platform/platform.h"
 #include "wordaccess/CommonWordInteractionFunctions.h"
 
 namespace strandline::CommonPropertyFunctions {
@@ -88,7 +89,7 @@ String docId(const Object& Document) {
 
 Ref<::strandline::Dictionary> Dictionary() {
   PROCEDURE(Ref<::strandline::Dictionary>, u"Dictionary");
-  STEP(here.result = New<::strandline::Dictionary>());
+  STEP(here.result = platform::Components().CreateDictionary());
   return here.Leave();
 }
 

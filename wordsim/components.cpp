@@ -1,6 +1,5 @@
 #include "wordsim/components.h"
 
-#include "platform/dictionary.h"
 #include "wordsim/product.h"
 
 namespace strandline::wordsim {
@@ -52,7 +51,7 @@ Variant FormatterObject::GetMetaDataMember(const Call& call) {
   const Variant& given = call.Argument(0);
   Object data = given.ToObject();
   if (data.IsNothing()) {
-    data = New<Dictionary>();
+    data = mPlatform.components->CreateDictionary();
     given.Assign(data);
   }
   data.Let("Item", u"displayName", mContent.displayName);

@@ -5,6 +5,7 @@
 
 #include <string>
 
+#include "platform/platform.h"
 #include "wordsim/sim_object.h"
 
 namespace strandline::wordsim {
@@ -28,14 +29,15 @@ struct FormatterContent {
 
 class FormatterObject final : public ComponentObject {
  public:
-  FormatterObject(Ref<ObjectUses> uses, const FormatterContent& content)
-      : ComponentObject(std::move(uses), content.progId), mContent(content) {}
+  FormatterObject(Ref<ObjectUses> uses, const Platform& platform, const FormatterContent& content)
+      : ComponentObject(std::move(uses), content.progId), mPlatform(platform), mContent(content) {}
 
  protected:
   MemberTable Members() const override;
 
  private:
   Variant GetMetaDataMember(const Call& call);
+  const Platform& mPlatform;
   const FormatterContent& mContent;
 };
 

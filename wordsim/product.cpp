@@ -30,11 +30,12 @@ constexpr TextView kComponentNames[] = {
 
 Product::Product(Ref<ObjectUses> uses, const Platform& platform, HostCanvas& canvas, const Settings& settings,
                  Hooks& hooks)
-    : mSettings(settings),
+    : mPlatform(platform),
+      mSettings(settings),
       mHooks(hooks),
       mUses(uses),
       mTooltip(New<TooltipObject>(uses)),
-      mStore(New<StoreObject>(uses, hooks, mTooltip, settings.commonAppPath)),
+      mStore(New<StoreObject>(uses, platform, hooks, mTooltip, settings.commonAppPath)),
       mState(New<ProductStateObject>(uses, platform, settings)),
       mCanvas(canvas) {}
 
@@ -51,7 +52,7 @@ Object Product::CreateComponent(const String& progId) {
     Raise(errors::kCannotCreateComponent);
   }
   for (const FormatterContent& formatter : kFormatters) {
-    if (isAsked(formatter.progId)) return New<FormatterObject>(mUses, formatter);
+    if (isAsked(formatter.progId)) return New<FormatterObject>(mUses, mPlatform, formatter);
   }
   if (isAsked(kErrorComponent)) return New<ErrorObject>(mUses, kErrorComponent, *this);
   if (isAsked(kRibbonComponent)) return New<RibbonHandlerObject>(mUses, kRibbonComponent, *this);

@@ -77,6 +77,7 @@ class Product {
   void SetRibbon(RibbonHandlerObject* ribbon) { mRibbon = ribbon; }
 
  private:
+  const Platform& mPlatform;
   const Settings& mSettings;
   Hooks& mHooks;
   Ref<ObjectUses> mUses;

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 
-#include "platform/dictionary.h"
 #include "wordsim/product_objects.h"
 
 namespace strandline::wordsim {
@@ -16,8 +15,10 @@ String ValueIn(const std::map<String, String>& values, const String& key) {
 
 }  // namespace
 
-StoreObject::StoreObject(Ref<ObjectUses> uses, Hooks& hooks, Ref<TooltipObject> tooltip, const String& commonAppPath)
+StoreObject::StoreObject(Ref<ObjectUses> uses, const Platform& platform, Hooks& hooks, Ref<TooltipObject> tooltip,
+                         const String& commonAppPath)
     : SimObject(std::move(uses)),
+      mPlatform(platform),
       mHooks(hooks),
       mTooltip(std::move(tooltip)),
       mInstallPath(u"C:\\Program Files\\Quillmere\\"),
@@ -27,7 +28,7 @@ StoreObject::~StoreObject() = default;
 
 void StoreObject::SetDocumentValue(const String& docId, const String& key, const String& text) {
   Object& map = mDocumentMaps[docId];
-  if (map.IsNothing()) map = New<Dictionary>();
+  if (map.IsNothing()) map = mPlatform.components->CreateDictionary();
   map.Let("Item", key, text);
 }
 

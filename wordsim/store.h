@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+#include "platform/platform.h"
 #include "wordsim/settings.h"
 #include "wordsim/sim_object.h"
 
@@ -16,7 +17,8 @@ class TooltipObject;
 
 class StoreObject final : public SimObject {
  public:
-  StoreObject(Ref<ObjectUses> uses, Hooks& hooks, Ref<TooltipObject> tooltip, const String& commonAppPath);
+  StoreObject(Ref<ObjectUses> uses, const Platform& platform, Hooks& hooks, Ref<TooltipObject> tooltip,
+              const String& commonAppPath);
   ~StoreObject() override;
 
   void SetUserValue(const String& key, const String& text) { mUserValues[key] = text; }
@@ -49,6 +51,7 @@ class StoreObject final : public SimObject {
   Variant ExecuteCommandMember(const Call& call);
   Variant AddListenerMember(const Call& call);
 
+  const Platform& mPlatform;
   Hooks& mHooks;
   Ref<TooltipObject> mTooltip;
   String mInstallPath;

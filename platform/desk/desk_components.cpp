@@ -2,6 +2,8 @@
 
 #include <utility>
 
+#include "platform/desk/desk_dictionary.h"
+
 namespace strandline::desk {
 
 void DeskComponents::Register(const String& progId, Factory factory) {
@@ -38,5 +40,7 @@ Object DeskComponents::CreateObject(const String& progId) {
   if (mObserver) mObserver(progId, true);
   return object;
 }
+
+Ref<Dictionary> DeskComponents::CreateDictionary() { return New<DeskDictionary>(); }
 
 }  // namespace strandline::desk

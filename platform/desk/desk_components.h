@@ -8,7 +8,8 @@
 
 namespace strandline::desk {
 
-// The components that can be created, by their registered names, letters taken without case.
+// The components that can be created, by their registered names, letters taken without case. Dictionaries are the
+// desk's own and always there.
 class DeskComponents final : public Components {
  public:
   // Makes a new object; may raise.
@@ -23,6 +24,7 @@ class DeskComponents final : public Components {
   void SetObserver(Observer observer) { mObserver = std::move(observer); }
 
   Object CreateObject(const String& progId) override;
+  Ref<Dictionary> CreateDictionary() override;
 
  private:
   Object Create(const String& progId);

@@ -7,6 +7,7 @@
 #include <variant>
 
 #include "platform/clipboard.h"
+#include "platform/dictionary.h"
 #include "platform/graphics.h"
 #include "platform/pictures.h"
 #include "platform/variant.h"
@@ -70,6 +71,7 @@ inline CallArgument Plain(const Object& object) {
   if (object.IsNothing()) return {CallArgument::Null()};
   return {object};
 }
+inline CallArgument Plain(const Ref<Dictionary>& dictionary) { return Plain(Object(dictionary)); }
 inline CallArgument Plain(Date date) { return {date.days}; }
 inline CallArgument Plain(const Error& error) { return {error.number}; }
 inline CallArgument Plain(const Guid& id) { return {GuidText(id)}; }

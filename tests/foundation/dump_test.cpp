@@ -4,7 +4,7 @@
 
 #include "addin/library.h"
 #include "foundation/cCustomClipboard.h"
-#include "platform/dictionary.h"
+#include "platform/desk/desk_dictionary.h"
 #include "platform/wrappers/forwarding.h"
 #include "tests/foundation/foundation_fixture.h"
 #include "tests/foundation/told.h"
@@ -66,7 +66,7 @@ class RunTimeShowing final : public ForwardingRunTime {
   Object PrinterObject() override { return Shown(); }
 
  private:
-  Object Shown() { return mAll ? Object(New<Dictionary>()) : Object(); }
+  Object Shown() { return mAll ? Object(New<desk::DeskDictionary>()) : Object(); }
   bool mAll;
 };
 

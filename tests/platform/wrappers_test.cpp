@@ -5,7 +5,7 @@
 #include <tuple>
 #include <vector>
 
-#include "platform/dictionary.h"
+#include "platform/desk/desk_dictionary.h"
 #include "platform/wrappers/failing.h"
 #include "platform/wrappers/operations.h"
 #include "platform/wrappers/recording.h"
@@ -22,7 +22,7 @@ T Something() {
   if constexpr (std::is_same_v<T, Boolean>) return true;
   if constexpr (std::is_same_v<T, String>) return u"something";
   if constexpr (std::is_same_v<T, Date>) return Date{5};
-  if constexpr (std::is_same_v<T, Object>) return New<Dictionary>();
+  if constexpr (std::is_same_v<T, Object> || std::is_same_v<T, Ref<Dictionary>>) return New<desk::DeskDictionary>();
   static Byte byte = 0;
   if constexpr (std::is_pointer_v<T>) return &byte;
   return T();
@@ -99,7 +99,7 @@ Result CallByDefault(Interface& target, Result (Interface::*operation)(Parameter
 
 // The error by which an operation tells that it failed; 0 for one that has a value for it.
 Long ErrorOfFailing(const std::string& name) {
-  if (name == "CreateObject") return errors::kCannotCreateComponent;
+  if (name == "CreateObject" || name == "CreateDictionary") return errors::kCannotCreateComponent;
   if (name == "DateFromText") return errors::kTypeMismatch;
   return name == "GetText" || name == "SetText" || name == "SetPicture" ? errors::kCannotOpenClipboard : 0;
 }
@@ -123,7 +123,8 @@ struct Wrapped {
       recorder.names.clear();
       if constexpr (std::is_void_v<Result>) {
         CallByDefault(*wrapper, operation);
-      } else if constexpr (!std::is_same_v<Result, Object> && !std::is_pointer_v<Result>) {
+      } else if constexpr (!std::is_same_v<Result, Object> && !std::is_same_v<Result, Ref<Dictionary>> &&
+                           !std::is_pointer_v<Result>) {
         EXPECT_EQ(CallByDefault(*wrapper, operation), Something<Result>());
       } else {
         EXPECT_TRUE(CallByDefault(*wrapper, operation) != Result());

@@ -4,7 +4,7 @@
 
 #include <limits>
 
-#include "platform/dictionary.h"
+#include "platform/desk/desk_dictionary.h"
 
 namespace strandline::play {
 namespace {
@@ -42,7 +42,7 @@ TEST(JournalNaming_AValue, ShowsByItsType) {
       {Variant(u"\u00e9 \"x\"\n"), "\"\xC3\xA9 \\\"x\\\"\\n\""},
       {Variant(Object()), "null"},
       {Variant(Picture()), "null"},
-      {Variant(New<Dictionary>()), "\"Dictionary\""},
+      {Variant(New<desk::DeskDictionary>()), "\"Dictionary\""},
       {Variant(texts), "[\"a\",\"\"]"},
       {Variant(flags), "[false,true]"},
       {Variant(bytes), "{\"bytes\":9,\"crc32\":\"cbf43926\"}"},

@@ -92,9 +92,9 @@ TEST_F(Formatters, ClassNames_AreFour) {
 }
 
 TEST_F(Formatters, MapThatTheComponentReplaces_IsTheOneThatCounts) {
-  TheWorld().desk.Components().Register(u"StylanthAPA.Main2", [] {
-    return Object(New<ScriptedObject>([](Use, Name, const Arguments& arguments) -> Variant {
-      const Object own = New<strandline::Dictionary>();
+  TheWorld().desk.Components().Register(u"StylanthAPA.Main2", [this] {
+    return Object(New<ScriptedObject>([this](Use, Name, const Arguments& arguments) -> Variant {
+      const Object own = TheWorld().desk.Components().CreateDictionary();
       own.Call("Add", u"defaultOutputType", u"endnote");
       arguments.positional[0].Assign(own);
       return String(u"APA");

@@ -1,5 +1,6 @@
 // Named values on their three levels, a document's own values, and what is forwarded to the store.
 
+#include "platform/wrappers/forwarding.h"
 #include "tests/support/scripted_object.h"
 #include "tests/support/variables.h"
 #include "tests/wordaccess/word_access_fixture.h"
@@ -204,6 +205,43 @@ TEST_F(PropertyValues, UnreadableVariables_CostTheirOwnStepAlone) {
   }
 }
 
+// A document whose variables are A, A again and B.
+class DocumentOfTwins final : public Dispatch {
+ public:
+  Variant Invoke(Use, Name member, const Arguments&) override {
+    if (member != Name("Variables")) Raise(errors::kNoSuchMember);
+    return Object(Ref<Dispatch>(this));
+  }
+  Long Identity() const override { return 77; }
+  Ref<Enumerator> Elements() override { return New<Variables>(); }
+
+ private:
+  class Variables final : public Enumerator {
+   public:
+    bool Next(Variant& element) override {
+      static constexpr const char16_t* kNames[] = {u"A", u"A", u"B"};
+      if (mAt == std::size(kNames)) return false;
+      element = Object(New<ScriptedObject>([at = mAt](Use, Name member, const Arguments&) -> Variant {
+        return member == Name("name") ? Variant(kNames[at]) : Variant(DecimalText(static_cast<Long>(at) + 1));
+      }));
+      ++mAt;
+      return true;
+    }
+
+   private:
+    std::size_t mAt = 0;
+  };
+};
+
+TEST_F(PropertyValues, DuplicateVariable_CostsItsStepAlone) {
+  Open(u"One.doc");
+  Object document = New<DocumentOfTwins>();
+  EXPECT_EQ(DocumentValue(u"A", document), u"1");
+  EXPECT_EQ(DocumentValue(u"B", document), u"3");
+  EXPECT_EQ(Word().Properties().Get("DocumentValueMap", u"77").ToObject().Get("Count").ToLong(), 2);
+  EXPECT_TRUE(Did().Errors().empty());
+}
+
 TEST_F(PropertyValues, FailingStore_ReachesTheCallersTail) {
   const struct {
     const char* member;
@@ -221,6 +259,19 @@ TEST_F(PropertyValues, FailingStore_ReachesTheCallersTail) {
     PropertyValue(u"Key");
     EXPECT_EQ(Block(Did().Errors()), Block({error}));
   }
+}
+
+TEST_F(PropertyValues, Dictionary_ComesFromTheSeam) {
+  class NoDictionaries final : public ForwardingComponents {
+   public:
+    using ForwardingComponents::ForwardingComponents;
+    Ref<strandline::Dictionary> CreateDictionary() override { Raise(errors::kCannotCreateComponent); }
+  };
+  TheWorld();
+  NoDictionaries components(TheWorld().desk.Components());
+  platform::current.components = &components;
+  EXPECT_FALSE(CommonPropertyFunctions::Dictionary());
+  EXPECT_EQ(Block(Did().Errors()), "429 CommonPropertyFunctions.Dictionary\n");
 }
 
 TEST_F(PropertyValues, Dictionary_IsNewAtEachCall) {

@@ -1,4 +1,4 @@
-#include "platform/dictionary.h"
+#include "platform/desk/desk_dictionary.h"
 #include "tests/wordsim/world_fixture.h"
 #include "wordsim/components.h"
 #include "wordsim/product_objects.h"
@@ -39,7 +39,7 @@ TEST_F(ProductTest, Store_KeepsAMapForEachDocument) {
   const Object store = World().Properties();
   EXPECT_FALSE(store.Get("DocumentValueMapExists", u"1").ToBoolean());
   EXPECT_TRUE(store.Get("DocumentValue", u"Key", u"1").ToText().IsEmpty());
-  const auto map = New<Dictionary>();
+  const auto map = New<desk::DeskDictionary>();
   map->Add(u"Key", u"Value");
   store.Let("DocumentValueMap", u"1", Object(map));
   EXPECT_TRUE(store.Get("DocumentValueMapExists", u"1").ToBoolean());
@@ -138,7 +138,7 @@ TEST_F(ProductTest, Formatters_DescribeThemselves) {
       {u"StylanthTurabian.Main2", u"Turabian", u"footnote"},
   };
   for (const FormatterCase& one : kCases) {
-    const auto data = New<Dictionary>();
+    const auto data = New<desk::DeskDictionary>();
     Object given = data;
     const Object formatter = World().CreateComponent(one.progId);
     EXPECT_EQ(formatter.Call("getMetaData", Variant::ByRef(given)).ToText(), one.displayName);
