@@ -22,9 +22,6 @@ Ref<Toolbar> Cast(const Variant& item) {
   return Ref<Toolbar>(toolbar);
 }
 
-// Empty for an absent key, which mustn't come in by being asked for.
-Variant ItemOf(Dictionary& registry, Long hwnd) { return registry.Exists(hwnd) ? registry.Item(hwnd) : Variant(); }
-
 }  // namespace
 
 Ref<Toolbar> Main2::castToToolbar(const Variant& item) {
@@ -33,9 +30,11 @@ Ref<Toolbar> Main2::castToToolbar(const Variant& item) {
   return here.Leave();
 }
 
+// A window that isn't in the registry comes in by being asked for, with Empty, which is no toolbar; ToolbarExists mends
+// that.
 Ref<Toolbar> Main2::Toolbars(Long hwnd) {
   METHOD(Ref<Toolbar>, u"Toolbars[Get]", hwnd);
-  STEP(here.result = Cast(ItemOf(Required(mToolbars), hwnd)));
+  STEP(here.result = Cast(Required(mToolbars).Item(hwnd)));
   return here.Leave();
 }
 
@@ -171,14 +170,14 @@ void Main2::mCallbackToMe_DownloadedNewAds() {
 // As they are now; the registry may change while they are gone through.
 std::vector<Long> Main2::RegisteredWindows() const {
   std::vector<Long> windows;
-  for (Long i = 0; mToolbars && i < mToolbars->Count(); ++i) windows.push_back(mToolbars->KeyAt(i).ToLong());
+  if (!mToolbars) return windows;
+  const Array<Variant> keys = mToolbars->Keys();
+  for (const Variant& key : keys.Elements()) windows.push_back(key.ToLong());
   return windows;
 }
 
 std::vector<Variant> Main2::RegisteredItems() const {
-  std::vector<Variant> items;
-  for (Long i = 0; mToolbars && i < mToolbars->Count(); ++i) items.push_back(mToolbars->ItemAt(i));
-  return items;
+  return mToolbars ? mToolbars->Items().Elements() : std::vector<Variant>();
 }
 
 void Main2::ValueChangedWithAds(Array<Boolean>& ads, String& value) { mCallbackToMe_ValueChangedWithAds(ads, value); }

@@ -78,7 +78,7 @@ void Main2::UseQuillmere() {
   STEP(CommonPropertyFunctions::ExecuteQLMCommand(u"InsertReference"));
 }
 
-// A window without a toolbar is an error of Toolbars alone: nothing is clicked.
+// A window without a toolbar is an error of Toolbars alone, which leaves an Empty entry for it: nothing is clicked.
 void Main2::ClickOnAd() {
   METHOD(void, u"ClickOnAd");
   Long hwnd = 0;

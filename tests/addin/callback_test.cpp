@@ -8,8 +8,6 @@ namespace {
 
 class Callback : public Main2Test {
  protected:
-  static constexpr Long kNobody = 12;
-
   static Array<Boolean> Ads(std::initializer_list<bool> flags) {
     Array<Boolean> ads(0, static_cast<Long>(flags.size()) - 1);
     Long at = 0;
@@ -35,6 +33,16 @@ class Callback : public Main2Test {
   };
   static void Change(const Ref<AdvertisementsCallbackStub>& stub, Array<Boolean> ads, String value = u"London") {
     stub->ValueChangedWithAds(ads, value);
+  }
+  // Two documents with a toolbar, and between them one with an Empty entry, which a click on its ad has left.
+  void OpenWithAnEmptyEntry() {
+    TheWorld().Open(u"One.doc");
+    Word().Open(u"Two.doc");
+    Main().ClickOnAd();
+    TheWorld().Open(u"Three.doc");
+    ASSERT_EQ(Registry(), "top 1, top 2, top 3");
+    ASSERT_EQ(ToolbarOf("top 2"), nullptr);
+    Did().Clear();
   }
   Ref<AdvertisementsCallbackStub> Stub() { return Inside::Callback(Main()); }
 };
@@ -63,11 +71,7 @@ TEST_F(Callback, NewAds_ReachEveryToolbar) {
 // One has a test for an empty entry, the other hasn't, and its round ends there.
 TEST_F(Callback, EmptyEntry_EndsTheChangedValuesRoundAndNotTheNewAds) {
   BeginWithTrace();
-  TheWorld().Open(u"One.doc");
-  Inside::Registry(Main())->Item(kNobody);
-  TheWorld().Open(u"Two.doc");
-  ASSERT_EQ(Inside::Registry(Main())->Count(), 3);
-  Did().Clear();
+  OpenWithAnEmptyEntry();
   {
     Reached reached("Toolbar.ValueChanged");
     Change(Stub(), Ads({true}));
@@ -83,9 +87,7 @@ TEST_F(Callback, EmptyEntry_EndsTheChangedValuesRoundAndNotTheNewAds) {
 
 TEST_F(Callback, EmptyEntryThatIsPassedOver_LeavesTheRound) {
   BeginWithTrace();
-  TheWorld().Open(u"One.doc");
-  Inside::Registry(Main())->Item(kNobody);
-  TheWorld().Open(u"Two.doc");
+  OpenWithAnEmptyEntry();
   TheWorld().AnswerErrors({5, 5});
   Reached reached("Toolbar.ValueChanged");
   Change(Stub(), Ads({true}));

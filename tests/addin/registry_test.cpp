@@ -9,26 +9,30 @@ class ToolbarRegistry : public Main2Test {
  protected:
   static constexpr Long kNobody = 0x7777;
 
-  // Whoever reads an absent key off the registry itself adds it with Empty.
-  void AddEmpty(Long key) { Inside::Registry(Main())->Item(key); }
+  // A click on the ad of a window without a toolbar leaves an Empty entry for it.
+  void AddEmpty() {
+    Main().ClickOnAd();
+    Did().Clear();
+  }
   void OpenThree() {
     for (const char16_t* name : {u"One.doc", u"Two.doc", u"Three.doc"}) TheWorld().Open(name);
     Did().Clear();
   }
 };
 
-TEST_F(ToolbarRegistry, AbsentKey_HasNoToolbarAndDoesntComeInByThat) {
-  TheWorld();
+TEST_F(ToolbarRegistry, AbsentKey_HasNoToolbarAndComesInEmptyByBeingAskedFor) {
+  OpenThree();
   EXPECT_FALSE(Inside::Toolbars(Main(), kNobody));
-  EXPECT_EQ(Registry(), "");
+  EXPECT_EQ(Registry(), "top 1, top 2, top 3, " + std::to_string(kNobody));
+  EXPECT_TRUE(Inside::Registry(Main())->ItemAt(3).IsEmpty());
   EXPECT_EQ(Block(Did().Errors()), "13 Main2.Toolbars[Get]\n");
 }
 
 TEST_F(ToolbarRegistry, EmptyItem_IsNoToolbar) {
-  TheWorld();
-  AddEmpty(kNobody);
-  EXPECT_FALSE(Inside::Toolbars(Main(), kNobody));
-  EXPECT_EQ(Registry(), std::to_string(kNobody));
+  Word().Open(u"One.doc");
+  AddEmpty();
+  EXPECT_FALSE(Inside::Toolbars(Main(), Top("top 1")));
+  EXPECT_EQ(Registry(), "top 1");
   EXPECT_EQ(Block(Did().Errors()), "13 Main2.Toolbars[Get]\n");
 }
 
@@ -67,7 +71,8 @@ TEST_F(ToolbarRegistry, ToolbarExists_TellsTheWindowInEveryCase) {
 
 TEST_F(ToolbarRegistry, ToolbarExistsWithoutAWindow_IsFalse) {
   TheWorld();
-  AddEmpty(0);
+  AddEmpty();
+  ASSERT_EQ(Registry(), "0");
   Long hwnd = 1;
   EXPECT_FALSE(Inside::ToolbarExists(Main(), hwnd));
   EXPECT_EQ(hwnd, 0);
@@ -77,8 +82,8 @@ TEST_F(ToolbarRegistry, ToolbarExistsWithoutAWindow_IsFalse) {
 // The errors of ending what isn't there are gone on with; then the entry goes.
 TEST_F(ToolbarRegistry, EmptyItem_IsRemovedAndStillCountsAsThere) {
   Word().Open(u"One.doc");
-  AddEmpty(Top("top 1"));
-  Did().Clear();
+  AddEmpty();
+  ASSERT_EQ(Registry(), "top 1");
   Long hwnd = 0;
   EXPECT_TRUE(Inside::ToolbarExists(Main(), hwnd));
   EXPECT_EQ(hwnd, Top("top 1"));
@@ -94,8 +99,8 @@ TEST_F(ToolbarRegistry, EmptyItem_IsRemovedAndStillCountsAsThere) {
 
 TEST_F(ToolbarRegistry, EmptyItemAtACreation_IsReplacedAsAStaleOne) {
   Word().Open(u"One.doc");
-  AddEmpty(Top("top 1"));
-  Did().Clear();
+  AddEmpty();
+  ASSERT_EQ(Registry(), "top 1");
   Inside::HandleDocumentCreateImpl(Main());
   const std::string hex = HexOf(Top("top 1"));
   EXPECT_EQ(Registry(), "top 1");

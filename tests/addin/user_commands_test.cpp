@@ -247,8 +247,9 @@ TEST_F(AdClick, ReachesThePanelOfTheActiveWindow) {
   EXPECT_TRUE(Did().Errors().empty());
 }
 
-// The error component hears that there is no toolbar to be had; nothing else comes of it.
-TEST_F(AdClick, WithoutAnEntryForTheWindow_DoesNothingAndRaisesNothing) {
+// The error component hears that there is no toolbar to be had. What comes of it is an Empty entry, which the next
+// creation for the window repairs.
+TEST_F(AdClick, WithoutAnEntryForTheWindow_ClicksNothingAndLeavesAnEmptyOne) {
   BeginWithAds();
   TheWorld().Open(u"One.doc");
   Word().Open(u"Two.doc");
@@ -260,12 +261,13 @@ TEST_F(AdClick, WithoutAnEntryForTheWindow_DoesNothingAndRaisesNothing) {
     EXPECT_EQ(mClicks, "");
     EXPECT_EQ(Acts(), "");
     EXPECT_TRUE(Did().Of(Doings::kHook | Doings::kBox).empty());
-    EXPECT_EQ(Registry(), "top 1") << "nor is an entry made by asking";
+    EXPECT_EQ(Registry(), "top 1, top 2");
+    EXPECT_TRUE(Inside::Registry(Main())->ItemAt(1).IsEmpty());
   }
 }
 
 // Whatever the error component answers: without a toolbar there is nothing to click.
-TEST_F(AdClick, WithoutAnEntryThatIsPassedOver_DoesNothing) {
+TEST_F(AdClick, WithoutAnEntryThatIsPassedOver_ClicksNothing) {
   BeginWithAds();
   TheWorld().Open(u"One.doc");
   Word().Open(u"Two.doc");
@@ -274,7 +276,23 @@ TEST_F(AdClick, WithoutAnEntryThatIsPassedOver_DoesNothing) {
   Main().ClickOnAd();
   EXPECT_EQ(Did().Errors().size(), 1u);
   EXPECT_EQ(mClicks, "");
-  EXPECT_EQ(Registry(), "top 1");
+  EXPECT_EQ(Registry(), "top 1, top 2");
+}
+
+TEST_F(AdClick, EmptyEntryThatItLeaves_IsReplacedAtTheNextCreation) {
+  BeginWithAds();
+  TheWorld().Open(u"One.doc");
+  Word().Open(u"Two.doc");
+  Main().ClickOnAd();
+  Word().Open(u"Three.doc");
+  Word().Activate(u"Two.doc");
+  Did().Clear();
+  TheWorld().Create();
+  EXPECT_EQ(Registry(), "top 1, top 2");
+  EXPECT_NE(ToolbarOf("top 2"), nullptr);
+  EXPECT_TRUE(Did().Has("log 2 ERROR"));
+  Main().ClickOnAd();
+  EXPECT_EQ(mClicks, "bar 2 ");
 }
 
 TEST_F(AdClick, OnTheBuiltInAd_OpensTheProductsPage) {
@@ -295,14 +313,15 @@ TEST_F(AdClick, WithoutAPanel_DoesNothing) {
   EXPECT_EQ(Acts(), "");
 }
 
-TEST_F(AdClick, WithoutARegistryOrADocument_DoesNothing) {
+TEST_F(AdClick, WithoutARegistryOrADocument_ClicksNothing) {
   for (const char16_t* version : {u"11.0", u"12.0"}) {
     SCOPED_TRACE(ToUtf8(version));
     const bool hasRibbon = version[1] == u'2';
-    const std::string registry = hasRibbon ? "none" : "";
+    std::string registry = hasRibbon ? "none" : "0";
     Begin(version);
     for (const bool hasDocument : {false, true}) {
       if (hasDocument) Word().Open(u"One.doc");
+      if (hasDocument && !hasRibbon) registry += ", top 1";
       Did().Clear();
       Main().ClickOnAd();
       EXPECT_EQ(Block(Did().Errors()), hasRibbon ? "91 Main2.Toolbars[Get]\n" : "13 Main2.Toolbars[Get]\n");
@@ -312,7 +331,7 @@ TEST_F(AdClick, WithoutARegistryOrADocument_DoesNothing) {
   }
 }
 
-TEST_F(AdClick, InTheSmallToolbar_DoesNothing) {
+TEST_F(AdClick, InTheSmallToolbar_ClicksNothing) {
   BeginWithAds();
   TheWorld().Open(u"One.doc");
   Main().ShrinkToolbar();
@@ -320,7 +339,7 @@ TEST_F(AdClick, InTheSmallToolbar_DoesNothing) {
   Main().ClickOnAd();
   EXPECT_EQ(mClicks, "");
   EXPECT_EQ(Acts(), "");
-  EXPECT_EQ(Registry(), "");
+  EXPECT_EQ(Registry(), "top 1");
 }
 
 TEST_F(AdClick, ThatFails_StaysInTheLibrary) {
