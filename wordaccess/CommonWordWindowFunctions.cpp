@@ -84,7 +84,7 @@ Long ActiveDocumentHandleImpl(const String& className, const String& name) {
     if (hwnd == active) return here.result = hwnd;
   }
   while ((hwnd = windows.FindWindowExA(0, hwnd, &className, nullptr)) != 0) {
-    title = windows.GetWindowTextA(hwnd, kTitleLimit);
+    STEP(title = windows.GetWindowTextA(hwnd, kTitleLimit));
     if (FindText(title, name) > 0) return here.result = hwnd;
   }
   return here.Leave();
@@ -93,15 +93,15 @@ Long ActiveDocumentHandleImpl(const String& className, const String& name) {
 Boolean CancelCloseDueToSave(const Object& doc) {
   PROCEDURE(Boolean, u"CancelCloseDueToSave", doc);
   Long answer = 0;
-  String question;
-  REPORTS(answer, question);
+  REPORTS(answer);
   CONDITION(saved, doc.Get("Saved").ToBoolean());
   if (saved) return here.Leave();
   CONDITION(blankAndNew,
             doc.Get("Path").ToText().Length() == 0 && doc.Get("Characters").ToObject().Get("count").ToLong() == 1);
   if (blankAndNew) return here.Leave();
-  STEP(question = Concat({u"Do you want to save the changes to ", doc.Get("name").ToText(), u"?"}));
-  STEP(answer = platform::RunTime().MsgBox(question, msgbox::kYesNoCancel + msgbox::kExclamation, &kSavePromptTitle));
+  STEP(answer =
+           platform::RunTime().MsgBox(Concat({u"Do you want to save the changes to ", doc.Get("name").ToText(), u"?"}),
+                                      msgbox::kYesNoCancel + msgbox::kExclamation, &kSavePromptTitle));
   if (answer == msgbox::kAnswerCancel) return here.result = true;
   if (answer == msgbox::kAnswerYes) ATTEMPT(notSaved, doc.Call("Save"));
   // Word is to ask nothing further.

@@ -148,6 +148,17 @@ TEST_F(SavePrompt, DocumentThatCantBeMarkedSaved_IsAnErrorInTheTail) {
   EXPECT_EQ(Block(Did().Errors()), "1000 CommonWordWindowFunctions.CancelCloseDueToSave\n");
 }
 
+// The question and its box are one: without a name there is nothing to ask.
+TEST_F(SavePrompt, NameThatCantBeRead_GoneOnWith_AsksNothing) {
+  const Object document = OpenChanged(u"One.doc");
+  Word().Faults().Arm("document One.doc", "name");
+  TheWorld().AnswerErrors({5});
+  EXPECT_FALSE(CancelCloseDueToSave(document));
+  EXPECT_TRUE(Did().Boxes().empty());
+  EXPECT_FALSE(document.Get("Saved").ToBoolean());
+  EXPECT_EQ(Block(Did().Errors()), "1000 CommonWordWindowFunctions.CancelCloseDueToSave\n");
+}
+
 TEST_F(SavePrompt, NoDocument_IsAnError) {
   TheWorld();
   EXPECT_FALSE(CancelCloseDueToSave(nullptr));
