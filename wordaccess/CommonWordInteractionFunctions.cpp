@@ -70,17 +70,17 @@ Boolean ViewingReadingLayout() {
 Integer WordVersion() {
   PROCEDURE(Integer, u"WordVersion[Get]");
   String version;
-  TextView number;
+  Long dot = 0;
+  Long comma = 0;
   Long separator = 0;
-  REPORTS(version, separator);
+  REPORTS(version, dot, comma, separator);
   STEP(version = variables.mWord.Get("Version").ToText());
-  const Long dot = FindText(version, u".");
-  const Long comma = FindText(version, u",");
+  dot = FindText(version, u".");
+  comma = FindText(version, u",");
   // Where both separators stand in the text, the later one counts.
   separator = dot < comma ? comma : dot;
-  number = version;
-  if (separator > 1) number = number.substr(0, static_cast<std::size_t>(separator - 1));
-  STEP(here.result = RoundToInteger(NumberFromText(number)));
+  if (separator > 1) STEP(version = String(version.View().substr(0, static_cast<std::size_t>(separator - 1))));
+  STEP(here.result = RoundToInteger(NumberFromText(version)));
   return here.Leave();
 }
 

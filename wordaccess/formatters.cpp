@@ -13,6 +13,9 @@ constexpr ModuleFile kModule{&kModuleInfo, 1000};
 
 const String kPossibleOutputTypes = u"citation,footnote,endnote,numbered reference";
 const String kDefaultFormat = u"APA";
+const String kOutputType = u"OutputType";
+const String kFormatType = u"FormatType";
+const String kDefaultOutputType = u"defaultOutputType";
 
 }  // namespace
 
@@ -22,7 +25,7 @@ String outputType() {
   String value;
   auto& outputMap = variables.outputMap;
   REPORTS(doc, value, outputMap);
-  value = DocumentValue(u"OutputType", doc);
+  value = DocumentValue(kOutputType, doc);
   if (!value.IsEmpty()) {
     if (!outputMap) outputMap = InitializeMapWithPossibleValues(kPossibleOutputTypes);
     CONDITION(isPossible, Required(outputMap).Exists(value));
@@ -37,10 +40,10 @@ String formatType() {
   String value;
   REPORTS(doc, value);
   initializeDisplayToClassNames();
-  value = DocumentValue(u"FormatType", doc);
+  value = DocumentValue(kFormatType, doc);
   CONDITION(unset, value.IsEmpty() || !Required(variables.mFormatMetaData).Exists(value));
   if (unset) {
-    STEP(value = variables.mProperties.Get("GlobalUserValueWithDefault", u"FormatType", kDefaultFormat).ToText());
+    STEP(value = variables.mProperties.Get("GlobalUserValueWithDefault", kFormatType, kDefaultFormat).ToText());
   }
   CONDITION(unknown, !Required(variables.mFormatMetaData).Exists(value));
   if (unknown) STEP(value = Required(variables.mFormatMetaData).KeyAt(0).ToText());
@@ -58,18 +61,21 @@ Object formatMetaData(String& displayName) {
 String defaultOutputType(String formatType) {
   PROCEDURE(String, u"defaultOutputType", formatType);
   if (formatType.IsEmpty()) formatType = CommonPropertyFunctions::formatType();
-  STEP(here.result = formatMetaData(formatType).Get("Item", u"defaultOutputType").ToText());
+  STEP(here.result = formatMetaData(formatType).Get("Item", kDefaultOutputType).ToText());
   return here.Leave();
 }
 
 Ref<::strandline::Dictionary> InitializeMapWithPossibleValues(const String& values) {
   PROCEDURE(Ref<::strandline::Dictionary>, u"InitializeMapWithPossibleValues", values);
   TextView rest = values;
+  String value;
+  REPORTS(value);
   here.result = Dictionary();
   for (bool last = false; !last;) {
     const std::size_t comma = rest.find(u',');
     last = comma == TextView::npos;
-    STEP(Required(here.result).Add(String(rest.substr(0, comma)), Integer{0}));
+    STEP(value = String(rest.substr(0, comma)));
+    STEP(Required(here.result).Add(value, Integer{0}));
     if (!last) rest.remove_prefix(comma + 1);
   }
   return here.Leave();
@@ -81,16 +87,17 @@ void initializeDisplayToClassNames() {
   Object formatter;
   Object metaData;
   String displayName;
-  REPORTS(classNames, formatter, metaData, displayName);
+  Integer upper = -1;
+  Integer index = 0;
+  REPORTS(classNames, formatter, metaData, displayName, upper, index);
   if (variables.mDisplayToClassNames) return;
   variables.mDisplayToClassNames = Dictionary();
   variables.mFormatMetaData = Dictionary();
   variables.mFormatters = Dictionary();
   getFormatterClassNames(classNames);
   STEP(variables.mFormatDisplayNames.Size(classNames.Lower(), classNames.Upper()));
-  Integer upper = -1;
   STEP(upper = ToInteger(classNames.Upper()));
-  for (Integer index = 0; index <= upper; ++index) {
+  for (; index <= upper; ++index) {
     STEP(formatter = platform::Components().CreateObject(Concat({classNames(index), u".Main2"})));
     metaData = Dictionary();
     // The component may put a map of its own in the place of ours.
