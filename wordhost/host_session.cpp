@@ -38,9 +38,7 @@ struct HostSession::DocumentFace {
   explicit DocumentFace(wordsim::Document& of) : document(&of) {
     const Object object{Ref<Dispatch>(&of)};
     *face.Put() = win32::Unwrap(object);
-    win32::ComRef<IUnknown> identity;
-    if (face) face->QueryInterface(IID_IUnknown, identity.PutVoid());
-    number = win32::ToNumber(identity.get());
+    number = win32::ToNumber(face.get());
   }
 
   Ref<wordsim::Document> document;

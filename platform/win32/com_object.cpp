@@ -1,15 +1,10 @@
 #include "platform/win32/com_object.h"
 
-#include <exception>
 #include <map>
-#include <optional>
 
-#include "platform/win32/call_argument.h"
-#include "platform/win32/com_enumerator.h"
 #include "platform/win32/outbound_dispatch.h"
-#include "platform/win32/slots.h"
 #include "platform/win32/win32_errors.h"
-#include "platform/win32/win32_pictures.h"
+#include "platform/win32/win32_variant.h"
 #include "platform/win32/windows_api.h"
 
 namespace strandline::win32 {
@@ -17,130 +12,23 @@ namespace strandline::win32 {
 namespace {
 
 // Never destroyed: an object that outlives all else still finds it.
-std::map<IUnknown*, ComObject*>& Wrappers() {
-  static auto& wrappers = *new std::map<IUnknown*, ComObject*>;
-  return wrappers;
-}
-
-// Gives the callers' variables what was written into them, each whatever becomes of the others; then the first failure
-// is raised, unless the call has failed itself.
-void WriteBack(Slots<CallArgument, 8>& slots, bool hasFailed) {
-  std::exception_ptr first;
-  for (std::size_t i = 0; i < slots.size(); ++i) {
-    try {
-      slots[i].WriteBack();
-    } catch (...) {
-      if (!first) first = std::current_exception();
-    }
-  }
-  if (first && !hasFailed) std::rethrow_exception(first);
+std::map<IUnknown*, Dispatch*>& Held() {
+  static auto& held = *new std::map<IUnknown*, Dispatch*>;
+  return held;
 }
 
 }  // namespace
 
+ComBacked::ComBacked(IDispatch& object, Dispatch& self) : mCom(object) { Held().emplace(mCom.Identity(), &self); }
+
+ComBacked::~ComBacked() { Held().erase(mCom.Identity()); }
+
 Ref<Dispatch> ComObject::Of(IDispatch& object) {
   ComRef<IUnknown> identity;
   RaiseIfFailed(object.QueryInterface(IID_IUnknown, identity.PutVoid()));
-  const auto known = Wrappers().find(identity.get());
-  if (known != Wrappers().end()) return Ref<Dispatch>(known->second);
-  return Ref<Dispatch>(new ComObject(identity, object));
-}
-
-ComObject::ComObject(ComRef<IUnknown> identity, IDispatch& object) : mIdentity(std::move(identity)), mObject(&object) {
-  Wrappers().emplace(mIdentity.get(), this);
-}
-
-ComObject::~ComObject() { Wrappers().erase(mIdentity.get()); }
-
-Variant ComObject::Invoke(Use use, Name member, const Arguments& arguments) {
-  const Ref<ComObject> alive(this);  // the object's own code may let go of it
-  const std::size_t named = arguments.named.size();
-  if (named == 0) {
-    DISPID id = mMembers.Find(*mObject.get(), member);
-    return Call(use, &id, arguments);
-  }
-  Slots<DISPID, 8> ids(named + 1);
-  MemberIds::FindNamed(*mObject.get(), member, arguments.named, ids.data());
-  return Call(use, ids.data(), arguments);
-}
-
-// The last of the positional arguments goes first, behind the named ones; the value of a property counts as named.
-Variant ComObject::Call(Use use, DISPID* ids, const Arguments& arguments) {
-  const std::size_t positional = arguments.positional.size();
-  const std::size_t named = arguments.named.size();
-  Slots<CallArgument, 8> slots(positional + named);
-  Slots<VARIANT, 8> passed(positional + named);
-  for (std::size_t i = 0; i < named; ++i) slots[i].Take(arguments.named[i].value);
-  for (std::size_t i = 0; i < positional; ++i) slots[named + positional - 1 - i].Take(arguments.positional[i]);
-  for (std::size_t i = 0; i < positional + named; ++i) passed[i] = slots[i].Passed();
-
-  DISPID valueId = DISPID_PROPERTYPUT;
-  DISPPARAMS parameters{passed.data(), ids + 1, static_cast<UINT>(positional + named), static_cast<UINT>(named)};
-  if (use == Use::kLet) {
-    if (positional == 0 || named != 0) Raise(errors::kWrongNumberOfArguments);
-    parameters.rgdispidNamedArgs = &valueId;
-    parameters.cNamedArgs = 1;
-  }
-  OwnVariant result;
-  EXCEPINFO exception{};
-  const HRESULT called = CallAs(use, ids[0], parameters, result.get(), exception);
-  std::optional<Error> error;
-  if (FAILED(called)) error = TakeError(called, exception, mObject.get());
-  WriteBack(slots, error.has_value());
-  if (error) throw *error;
-  return FromVARIANT(*result);
-}
-
-HRESULT ComObject::CallAs(Use use, DISPID member, DISPPARAMS& parameters, VARIANT* result, EXCEPINFO& exception) {
-  const auto invoke = [&](int flags, VARIANT* wanted) {
-    ForgetErrorInformation();
-    return mObject->Invoke(member, IID_NULL, LOCALE_USER_DEFAULT, static_cast<WORD>(flags), &parameters, wanted,
-                           &exception, nullptr);
-  };
-  HRESULT called = DISP_E_MEMBERNOTFOUND;
-  switch (use) {
-    case Use::kGet:
-      return invoke(DISPATCH_METHOD | DISPATCH_PROPERTYGET, result);
-    case Use::kCall:
-      // An object may take the two flags together for the property alone.
-      called = invoke(DISPATCH_METHOD, result);
-      if (called == DISP_E_MEMBERNOTFOUND) called = invoke(DISPATCH_METHOD | DISPATCH_PROPERTYGET, result);
-      return called;
-    case Use::kLet:
-      // Some objects have only the one of the two ways to set an object.
-      if (parameters.rgvarg[0].vt == VT_DISPATCH) called = invoke(DISPATCH_PROPERTYPUTREF, nullptr);
-      if (called == DISP_E_MEMBERNOTFOUND) called = invoke(DISPATCH_PROPERTYPUT, nullptr);
-      return called;
-  }
-  return called;
-}
-
-// The object's own pointer; of a wider one the low bits, which differ for objects that live at the same time unless
-// they lie gigabytes apart.
-Long ComObject::Identity() const {
-  const auto pointer = reinterpret_cast<std::uintptr_t>(mIdentity.get());
-  return static_cast<Long>(sizeof pointer == sizeof(Long) ? pointer : pointer & 0x7FFFFFFF);
-}
-
-Ref<Enumerator> ComObject::Elements() {
-  const Ref<ComObject> alive(this);
-  DISPPARAMS none{};
-  OwnVariant result;
-  EXCEPINFO exception{};
-  const HRESULT called = CallAs(Use::kGet, DISPID_NEWENUM, none, result.get(), exception);
-  if (FAILED(called)) throw TakeError(called, exception, mObject.get());
-  ComRef<IEnumVARIANT> elements;
-  const bool isObject = (result->vt == VT_UNKNOWN || result->vt == VT_DISPATCH) && result->punkVal;
-  if (!isObject || FAILED(result->punkVal->QueryInterface(IID_IEnumVARIANT, elements.PutVoid()))) {
-    Raise(errors::kNoSuchMember);
-  }
-  return Ref<Enumerator>(New<ComEnumerator>(elements));
-}
-
-Picture ComObject::AsPicture() const {
-  Picture picture = PictureOf(mObject.get());
-  if (!picture) Raise(errors::kTypeMismatch);
-  return picture;
+  const auto known = Held().find(identity.get());
+  if (known != Held().end()) return Ref<Dispatch>(known->second);
+  return Ref<Dispatch>(new ComObject(object));
 }
 
 Object Wrap(IDispatch* object) {
@@ -151,9 +39,10 @@ Object Wrap(IDispatch* object) {
 
 IDispatch* Unwrap(const Object& object) {
   if (object.IsNothing()) return nullptr;
-  const auto* foreign = dynamic_cast<const ComObject*>(object.Target());
-  IDispatch* const result = foreign ? foreign->Com() : OutboundOf(*object.Target());
-  if (foreign) result->AddRef();
+  const auto* const foreign = dynamic_cast<const ComBacked*>(object.Target());
+  if (!foreign) return OutboundOf(*object.Target());
+  IDispatch* const result = foreign->Com().Automation();
+  result->AddRef();
   return result;
 }
 

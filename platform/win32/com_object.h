@@ -1,37 +1,48 @@
 #pragma once
 
-#include "platform/variant.h"
-#include "platform/win32/member_ids.h"
-#include "platform/win32/windows_api.h"
+#include "platform/win32/com_calls.h"
 
 namespace strandline::win32 {
 
-// An object of the automation world behind the seam's Object. There is one for each object that is held, so that one
-// object is one Object (Wrap).
-class ComObject final : public Dispatch {
+// What stands behind the seam for an object of the automation world. There is one for each object that is held, so that
+// one object is one Object (Wrap).
+class ComBacked {
+ public:
+  const ComCalls& Com() const { return mCom; }
+
+ protected:
+  // `self`: this one, as the seam sees it.
+  ComBacked(IDispatch& object, Dispatch& self);
+  ~ComBacked();
+
+ private:
+  const ComCalls mCom;
+};
+
+template <class Interface>
+class ComBackedAs : public Interface, public ComBacked {
+ public:
+  Variant Invoke(Use use, Name member, const Arguments& arguments) override {
+    const Ref<ComBackedAs> alive(this);  // the object's own code may let go of it
+    return Com().Invoke(use, member, arguments);
+  }
+  Long Identity() const override { return Com().Pointer(); }
+  Ref<Enumerator> Elements() override {
+    const Ref<ComBackedAs> alive(this);
+    return Com().Elements();
+  }
+  Picture AsPicture() const override { return Com().AsPicture(); }
+
+ protected:
+  explicit ComBackedAs(IDispatch& object) : ComBacked(object, *this) {}
+};
+
+class ComObject final : public ComBackedAs<Dispatch> {
  public:
   static Ref<Dispatch> Of(IDispatch& object);
 
-  IDispatch* Com() const { return mObject.get(); }
-
-  // A get may be answered by a method, and a call by a property where there is no method of that name. What the callee
-  // writes by reference stays written, even where it fails.
-  Variant Invoke(Use use, Name member, const Arguments& arguments) override;
-  Long Identity() const override;
-  Ref<Enumerator> Elements() override;
-  Picture AsPicture() const override;
-
  private:
-  ComObject(ComRef<IUnknown> identity, IDispatch& object);
-  ~ComObject() override;
-
-  // `ids` of the member and of the named arguments.
-  Variant Call(Use use, DISPID* ids, const Arguments& arguments);
-  HRESULT CallAs(Use use, DISPID member, DISPPARAMS& parameters, VARIANT* result, EXCEPINFO& exception);
-
-  const ComRef<IUnknown> mIdentity;
-  const ComRef<IDispatch> mObject;
-  MemberIds mMembers;
+  using ComBackedAs::ComBackedAs;
 };
 
 }  // namespace strandline::win32

@@ -2,6 +2,7 @@
 
 #include "platform/error.h"
 #include "platform/win32/built_in_blender.h"
+#include "platform/win32/com_dictionary.h"
 #include "platform/win32/win32_variant.h"
 #include "platform/win32/windows_api.h"
 
@@ -20,5 +21,7 @@ Object Win32Components::CreateObject(const String& progId) {
   }
   return Wrap(object.get());
 }
+
+Ref<Dictionary> Win32Components::CreateDictionary() { return ComDictionary::Make(); }
 
 }  // namespace strandline::win32

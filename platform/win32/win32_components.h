@@ -9,6 +9,7 @@ namespace strandline::win32 {
 class Win32Components final : public Components {
  public:
   Object CreateObject(const String& progId) override;
+  Ref<Dictionary> CreateDictionary() override;
 };
 
 }  // namespace strandline::win32
