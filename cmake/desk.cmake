@@ -37,9 +37,21 @@ enable_testing()
 file(GLOB_RECURSE test_sources CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/tests/*.cpp)
 # Those of the other world, which the cross compiler builds.
 list(FILTER test_sources EXCLUDE REGEX "/tests/(win32|server|script|wordhost)/|_win32\\.cpp$")
+# The locales of hosts in other countries; a machine needn't have them.
+set(locales ${CMAKE_CURRENT_BINARY_DIR}/locales)
+set(locale_files)
+foreach(locale IN ITEMS de_DE tr_TR)
+  add_custom_command(OUTPUT ${locales}/${locale}.UTF-8/LC_NUMERIC
+    COMMAND ${CMAKE_COMMAND} -E make_directory ${locales}
+    COMMAND localedef -i ${locale} -f UTF-8 ${locales}/${locale}.UTF-8
+    VERBATIM)
+  list(APPEND locale_files ${locales}/${locale}.UTF-8/LC_NUMERIC)
+endforeach()
+add_custom_target(strandline_test_locales DEPENDS ${locale_files})
 add_library(strandline_test_objects OBJECT EXCLUDE_FROM_ALL ${test_sources})
+add_dependencies(strandline_test_objects strandline_test_locales)
 target_link_libraries(strandline_test_objects PUBLIC strandline_deskprogram GTest::gtest GTest::gmock)
-target_compile_definitions(strandline_test_objects PRIVATE
+target_compile_definitions(strandline_test_objects PRIVATE STRANDLINE_LOCALES="${locales}"
   STRANDLINE_SOURCE_DIR="${CMAKE_SOURCE_DIR}" STRANDLINE_DESK_PROGRAM="$<TARGET_FILE:strandline-desk>"
   STRANDLINE_ADS_PROGRAM="$<TARGET_FILE:strandline-ads>")
 target_compile_options(strandline_test_objects PRIVATE -O0 -g0)

@@ -1,8 +1,8 @@
 #include "platform/convert.h"
 
+#include <algorithm>
+#include <charconv>
 #include <cmath>
-#include <cstdio>
-#include <cstdlib>
 #include <limits>
 #include <optional>
 
@@ -30,13 +30,15 @@ TextView Trimmed(TextView text) {
   return text;
 }
 
-// Reads one number in the grammar told in the header and writes it as C reads it.
+// The host may have set a locale of its own, which strtod and printf would follow; the functions of <charconv> don't.
+
+// Reads one number in the grammar told in the header and writes it as std::from_chars reads it.
 class NumberReader {
  public:
   explicit NumberReader(TextView text) : mText(text) {}
 
   bool Read() {
-    if (At(u'+') || At(u'-')) Take();
+    TakeSign();
     while (!AtEnd() && (IsDigit(Here()) || (Here() == u',' && mDot == 0))) TakeDigit();
     if (At(u'.')) {
       ++mDot;
@@ -47,7 +49,7 @@ class NumberReader {
     if (At(u'e') || At(u'E') || At(u'd') || At(u'D')) {
       mPlain += 'e';
       ++mAt;
-      if (At(u'+') || At(u'-')) Take();
+      TakeSign();
       mDigits = 0;
       while (!AtEnd() && IsDigit(Here())) TakeDigit();
       if (mDigits == 0) return false;
@@ -60,6 +62,14 @@ class NumberReader {
   bool AtEnd() const { return mAt == mText.size(); }
   char16_t Here() const { return mText[mAt]; }
   bool At(char16_t c) const { return !AtEnd() && Here() == c; }
+  // A plus is what a number has without a sign.
+  void TakeSign() {
+    if (At(u'+')) {
+      ++mAt;
+    } else if (At(u'-')) {
+      Take();
+    }
+  }
   void Take() { mPlain += static_cast<char>(mText[mAt++]); }
   void TakeDigit() {
     if (Here() == u',') {
@@ -77,12 +87,42 @@ class NumberReader {
   std::string mPlain;
 };
 
-// Infinite where it is beyond all numbers.
+// The power of ten of a number's first digit that isn't 0, or one with its sign where the exponent has too many digits.
+std::int64_t Magnitude(std::string_view plain) {
+  const std::size_t exponentAt = std::min(plain.find('e'), plain.size());
+  const std::string_view digits = plain.substr(0, exponentAt);
+  const std::size_t first = std::min(digits.find_first_of("123456789"), digits.size());
+  const std::size_t dot = std::min(digits.find('.'), digits.size());
+  const std::int64_t power = static_cast<std::int64_t>(dot) - static_cast<std::int64_t>(first);
+  if (exponentAt == plain.size()) return power;
+  constexpr std::int64_t kBeyondAll = std::int64_t{1} << 40;
+  const std::string_view exponent = plain.substr(exponentAt + 1);
+  std::int64_t shift = 0;
+  const auto read = std::from_chars(exponent.data(), exponent.data() + exponent.size(), shift);
+  if (read.ec == std::errc::result_out_of_range) return exponent.front() == '-' ? -kBeyondAll : kBeyondAll;
+  return power + std::clamp(shift, -kBeyondAll, kBeyondAll);
+}
+
+// Infinite where it is beyond all numbers, 0 where it is nearer to it than any.
 std::optional<Double> NumberIn(TextView text) {
   while (text.ends_with(u'\0')) text.remove_suffix(1);
   NumberReader reader(Trimmed(text));
   if (!reader.Read()) return {};
-  return std::strtod(reader.Plain().c_str(), nullptr);
+  const std::string& plain = reader.Plain();
+  Double value = 0;
+  if (std::from_chars(plain.data(), plain.data() + plain.size(), value).ec == std::errc::result_out_of_range) {
+    value = Magnitude(plain) > 0 ? std::numeric_limits<Double>::infinity() : 0;
+  }
+  return value;
+}
+
+String ShortestText(Double value, int mostDigits) {
+  char buffer[40];
+  const char* const end =
+      std::to_chars(buffer, buffer + sizeof buffer, value, std::chars_format::general, mostDigits).ptr;
+  std::u16string text;
+  for (const char* c = buffer; c != end; ++c) text += UpperCase(static_cast<char16_t>(*c));
+  return text;
 }
 
 }  // namespace
@@ -110,17 +150,9 @@ Boolean IsNumberText(TextView text) {
   return value && std::isfinite(*value);
 }
 
-String TextFromNumber(Double value) {
-  char buffer[40];
-  const int length = std::snprintf(buffer, sizeof buffer, "%.15G", value);
-  return FromUtf8(std::string_view(buffer, static_cast<std::size_t>(length)));
-}
+String TextFromNumber(Double value) { return ShortestText(value, 15); }
 
-String TextFromSingle(Single value) {
-  char buffer[40];
-  const int length = std::snprintf(buffer, sizeof buffer, "%.7G", static_cast<Double>(value));
-  return FromUtf8(std::string_view(buffer, static_cast<std::size_t>(length)));
-}
+String TextFromSingle(Single value) { return ShortestText(static_cast<Double>(value), 7); }
 
 Boolean BooleanFromText(TextView text) {
   const TextView trimmed = Trimmed(text);

@@ -40,6 +40,16 @@ class World {
 
 std::unique_ptr<World> MakeWorld();
 
+// The C locale of the process is that of a language as long as this lives.
+class HostLocale {
+ public:
+  enum class Language { kGerman, kTurkish };
+  explicit HostLocale(Language language);
+  ~HostLocale();
+  HostLocale(const HostLocale&) = delete;
+  HostLocale& operator=(const HostLocale&) = delete;
+};
+
 // Whether the Windows at hand is Wine; the desk isn't.
 bool IsWine();
 

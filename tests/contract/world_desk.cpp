@@ -1,5 +1,7 @@
 // The desk as the world of the contract.
 
+#include <clocale>
+#include <cstdlib>
 #include <fstream>
 #include <iterator>
 
@@ -45,6 +47,16 @@ class DeskWorld final : public World {
 }  // namespace
 
 std::unique_ptr<World> MakeWorld() { return std::make_unique<DeskWorld>(); }
+
+// The build makes the locales, for a machine needn't have any but C's.
+HostLocale::HostLocale(Language language) {
+  ::setenv("LOCPATH", STRANDLINE_LOCALES, 1);
+  EXPECT_NE(std::setlocale(LC_ALL, language == Language::kGerman ? "de_DE.UTF-8" : "tr_TR.UTF-8"), nullptr);
+}
+HostLocale::~HostLocale() {
+  std::setlocale(LC_ALL, "C");
+  ::unsetenv("LOCPATH");
+}
 
 bool IsWine() { return false; }
 

@@ -1,5 +1,6 @@
 // Windows, or Wine, as the world of the contract.
 
+#include <clocale>
 #include <cstring>
 #include <fstream>
 #include <iterator>
@@ -127,6 +128,11 @@ std::string SourceRoot() {
 }  // namespace
 
 std::unique_ptr<World> MakeWorld() { return std::make_unique<WindowsWorld>(); }
+
+HostLocale::HostLocale(Language language) {
+  EXPECT_NE(std::setlocale(LC_ALL, language == Language::kGerman ? "German" : "Turkish"), nullptr);
+}
+HostLocale::~HostLocale() { std::setlocale(LC_ALL, "C"); }
 
 bool IsWine() {
   static const bool isWine = ::GetProcAddress(::GetModuleHandleW(L"ntdll.dll"), "wine_get_version") != nullptr;

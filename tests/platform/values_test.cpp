@@ -59,10 +59,30 @@ TEST(Convert, NumberInText_IsUnderstood) {
   const struct {
     const char16_t* text;
     Double number;
-  } cases[] = {{u"0", 0},         {u"12", 12},      {u"-12", -12},        {u"+12", 12},        {u"  12\t", 12},
-               {u"\u00A012", 12}, {u"1,234", 1234}, {u"1,234.5", 1234.5}, {u"0.5", 0.5},       {u".5", 0.5},
-               {u"5.", 5},        {u"-.5", -0.5},   {u"1e3", 1000},       {u"1E-3", 0.001},    {u"2d2", 200},
-               {u"1.5E+2", 150},  {u"007", 7},      {u"1e-400", 0},       {u"3000000000", 3e9}};
+  } cases[] = {{u"0", 0},
+               {u"12", 12},
+               {u"-12", -12},
+               {u"+12", 12},
+               {u"  12\t", 12},
+               {u"\u00A012", 12},
+               {u"1,234", 1234},
+               {u"1,234.5", 1234.5},
+               {u"0.5", 0.5},
+               {u".5", 0.5},
+               {u"5.", 5},
+               {u"-.5", -0.5},
+               {u"1e3", 1000},
+               {u"1E-3", 0.001},
+               {u"2d2", 200},
+               {u"1.5E+2", 150},
+               {u"007", 7},
+               {u"1e-400", 0},
+               {u"3000000000", 3e9},
+               {u"-1e-400", 0},
+               {u"0e999", 0},
+               {u"1e-99999999999999999999", 0},
+               {u"1000e-310", 1e-307},
+               {u"0.001e310", 1e307}};
   for (const auto& [text, number] : cases) EXPECT_EQ(NumberFromText(text), number) << ToUtf8(text);
 }
 
@@ -72,7 +92,12 @@ TEST(Convert, OtherText_IsNoNumber) {
         u"1e+", u"1.2.3", u"1.5,0", u"e5", u"0x10", u"&H10", u"1/2", u"inf", u"nan", u"\u0661", u"12%"}) {
     EXPECT_EQ(Raised([&] { NumberFromText(text); }), errors::kTypeMismatch) << ToUtf8(text);
   }
-  EXPECT_EQ(Raised([] { NumberFromText(u"1e400"); }), errors::kOverflow);
+  for (const char16_t* text : {u"1e400", u"-1e400", u"1e99999999999999999999", u"0.01e311", u"1000000e304"}) {
+    EXPECT_EQ(Raised([&] { NumberFromText(text); }), errors::kOverflow) << ToUtf8(text);
+  }
+  EXPECT_EQ(Raised([] { NumberFromText(std::u16string(400, u'9')); }), errors::kOverflow);
+  EXPECT_EQ(NumberFromText(u"0." + std::u16string(400, u'0') + u"1"), 0);
+  EXPECT_EQ(NumberFromText(u"0." + std::u16string(400, u'0') + u"1e401"), 1);
   EXPECT_EQ(Raised([] {
               NumberFromText(
                   TextView(u"1\0"
