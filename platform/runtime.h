@@ -27,6 +27,9 @@ class RunTime {
   virtual Date Now() = 0;
   // A date, with or without a time of day, as the user's locale writes it; 13 where it isn't one.
   virtual Date DateFromText(const String& text) = 0;
+  // The other way, in the locale's short form: without a time at midnight, without a date on day 0. A date outside the
+  // calendar raises 5.
+  virtual String TextFromDate(Date date) = 0;
   // Shows a message and waits for the user's answer. Without a title of its own the box bears the host's.
   virtual Long MsgBox(const String& text, Long style, const String* title) = 0;
   // Of the screen; 15 at 96 dots per inch.

@@ -4,6 +4,7 @@
 #include <limits>
 
 #include "platform/convert.h"
+#include "platform/platform.h"
 
 namespace strandline {
 
@@ -39,6 +40,7 @@ struct AsText {
   String operator()(Long value) const { return DecimalText(value); }
   String operator()(Single value) const { return TextFromSingle(value); }
   String operator()(Double value) const { return TextFromNumber(value); }
+  String operator()(Date value) const { return platform::RunTime().TextFromDate(value); }
   String operator()(const String& value) const { return value; }
   template <class T>
   String operator()(const T&) const {

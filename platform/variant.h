@@ -161,7 +161,7 @@ class Variant {
   bool IsNull() const { return If<Null>() != nullptr; }
 
   // Conversions: they look through a reference and raise 6 (overflow), 13 (type mismatch), 91 or 94. Rounding is to the
-  // nearest whole number, ties to even; Empty is 0, False or the empty text.
+  // nearest whole number, ties to even; Empty is 0, False or the empty text. A date's text is the user's (runtime.h).
   Boolean ToBoolean() const;
   Integer ToInteger() const;
   Long ToLong() const;

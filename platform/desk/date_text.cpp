@@ -1,5 +1,7 @@
 #include "platform/desk/date_text.h"
 
+#include <cmath>
+
 #include "platform/dates.h"
 
 namespace strandline::desk {
@@ -9,6 +11,7 @@ namespace {
 constexpr TextView kMonths[] = {u"January", u"February", u"March",     u"April",   u"May",      u"June",
                                 u"July",    u"August",   u"September", u"October", u"November", u"December"};
 constexpr std::size_t kShortMonth = 3;
+constexpr Long kSecondsOfADay = 86'400;
 
 bool IsDigit(char16_t c) { return c >= u'0' && c <= u'9'; }
 bool IsLetter(char16_t c) { return (c >= u'a' && c <= u'z') || (c >= u'A' && c <= u'Z'); }
@@ -133,7 +136,33 @@ class DateReader {
   int mSeconds = 0;
 };
 
+String DayText(Date day) {
+  return Concat(
+      {DecimalText(dates::Month(day)), u"/", DecimalText(dates::Day(day)), u"/", DecimalText(dates::Year(day))});
+}
+
+String TwoDigits(Long number) { return Concat({number < 10 ? u"0" : u"", DecimalText(number)}); }
+
+String TimeText(Long seconds) {
+  const Long hour = seconds / 3600;
+  return Concat({DecimalText(hour % 12 == 0 ? 12 : hour % 12), u":", TwoDigits(seconds / 60 % 60), u":",
+                 TwoDigits(seconds % 60), hour < 12 ? u" AM" : u" PM"});
+}
+
 }  // namespace
+
+String TextOfDate(Date date) {
+  Double day = dates::DayNumber(date);
+  const Double time = std::abs(date.days - day);
+  const bool hasDate = day != 0;
+  if (hasDate && time == 0) return DayText({day});
+  Long seconds = static_cast<Long>(std::lround(time * kSecondsOfADay));
+  if (seconds == kSecondsOfADay) {
+    seconds = 0;
+    day += 1;
+  }
+  return hasDate ? Concat({DayText({day}), u" ", TimeText(seconds)}) : TimeText(seconds);
+}
 
 std::optional<Date> DateInText(TextView text) { return DateReader(text.substr(0, text.find(u'\0'))).Read(); }
 

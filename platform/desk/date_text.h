@@ -11,5 +11,8 @@ namespace strandline::desk {
 // Years below 30 are those from 2000, others below 100 those from 1900. A NUL ends the text. Nothing where it's no
 // date.
 std::optional<Date> DateInText(TextView text);
+// Writes one as that user does: 3/1/2009 6:30:15 PM. Without a time at midnight, without a date on day 0; 5 is raised
+// for what lies outside the calendar.
+String TextOfDate(Date date);
 
 }  // namespace strandline::desk

@@ -69,6 +69,8 @@ Date DeskRunTime::DateFromText(const String& text) {
   return *date;
 }
 
+String DeskRunTime::TextFromDate(Date date) { return TextOfDate(date); }
+
 Long DeskRunTime::MsgBox(const String& text, Long style, const String* title) {
   mWindows.DoEvents();
   return mBoxHandler ? mBoxHandler(text, style, title) : DefaultAnswer(style);

@@ -40,6 +40,7 @@ class DeskRunTime final : public RunTime {
   Date Now() override;
   // The user is in the United States: see date_text.h.
   Date DateFromText(const String& text) override;
+  String TextFromDate(Date date) override;
   Long MsgBox(const String& text, Long style, const String* title) override;
   Double TwipsPerPixelX() override;
   Double TwipsPerPixelY() override { return TwipsPerPixelX(); }

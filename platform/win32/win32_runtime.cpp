@@ -86,6 +86,15 @@ Date Win32RunTime::DateFromText(const String& text) {
   return date;
 }
 
+String Win32RunTime::TextFromDate(Date date) {
+  BSTR text = nullptr;
+  const HRESULT result = ::VarBstrFromDate(date.days, LOCALE_USER_DEFAULT, 0, &text);
+  if (FAILED(result)) Raise(result == E_OUTOFMEMORY ? errors::kOutOfMemory : errors::kInvalidArgument);
+  const String made = FromBstr(text);
+  ::SysFreeString(text);
+  return made;
+}
+
 namespace {
 
 BOOL CALLBACK TakeMainWindow(HWND window, LPARAM found) {

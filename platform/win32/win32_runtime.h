@@ -14,6 +14,7 @@ class Win32RunTime final : public RunTime {
   // Whole seconds of the user's local time.
   Date Now() override;
   Date DateFromText(const String& text) override;
+  String TextFromDate(Date date) override;
   // The thread's active window owns the box.
   Long MsgBox(const String& text, Long style, const String* title) override;
   Double TwipsPerPixelX() override;

@@ -5,6 +5,7 @@
 #include <string>
 
 #include "platform/convert.h"
+#include "platform/dates.h"
 #include "tests/contract/contract.h"
 
 namespace strandline::contract {
@@ -48,6 +49,12 @@ TEST_P(LocaleContract, ANumber_IsWrittenWithAPoint) {
   EXPECT_EQ(TextFromSingle(10.5f), u"10.5");
   EXPECT_EQ(Variant(1234567.25).ToText(), u"1234567.25");
   EXPECT_EQ(Variant(Single{0.1f}).ToText(), u"0.1");
+}
+
+TEST_P(LocaleContract, ADate_IsTheUsersAndNotTheHosts) {
+  const Date date = dates::WithTime(dates::FromParts(2004, 3, 2), 8 * 3600);
+  EXPECT_EQ(Variant(date).ToText(), u"3/2/2004 8:00:00 AM");
+  EXPECT_EQ(runTime.DateFromText(u"3/2/2004 8:00"), date);
 }
 
 }  // namespace

@@ -60,6 +60,45 @@ TEST_F(RunTimeContract, ATimeOfDay_IsTheFractionOfItsDate) {
   EXPECT_DOUBLE_EQ(runTime.DateFromText(u"12/29/1899 6:00").days, -1.25);
 }
 
+TEST_F(RunTimeContract, ADate_IsWrittenInTheShortForm) {
+  const auto at = [](Integer year, Integer month, Integer day, Long seconds) {
+    return dates::WithTime(dates::FromParts(year, month, day), seconds);
+  };
+  constexpr Long kHour = 3600;
+  const struct {
+    Date date;
+    const char16_t* text;
+  } cases[] = {{at(2004, 3, 2, 0), u"3/2/2004"},
+               {at(2004, 12, 31, 8 * kHour), u"12/31/2004 8:00:00 AM"},
+               {at(2009, 3, 1, 18 * kHour + 30 * 60 + 15), u"3/1/2009 6:30:15 PM"},
+               {at(2009, 3, 1, 12 * kHour), u"3/1/2009 12:00:00 PM"},
+               {at(2009, 3, 1, 59), u"3/1/2009 12:00:59 AM"},
+               {at(2009, 3, 1, 86'399), u"3/1/2009 11:59:59 PM"},
+               {at(1899, 12, 29, 6 * kHour), u"12/29/1899 6:00:00 AM"},
+               {at(1776, 7, 4, 0), u"7/4/1776"},
+               {at(9999, 12, 31, 0), u"12/31/9999"},
+               {Date{0}, u"12:00:00 AM"},
+               {Date{0.75}, u"6:00:00 PM"},
+               {Date{-0.75}, u"6:00:00 PM"}};
+  for (const auto& [date, text] : cases) {
+    EXPECT_EQ(runTime.TextFromDate(date), text);
+    EXPECT_EQ(Variant(date).ToText(), text);
+  }
+}
+
+TEST_F(RunTimeContract, ATextOfADate_IsThatDateAgain) {
+  for (const Double days : {38'048.0, 38'048.25, 38'048.5, 100.75, -100.75}) {
+    const String text = runTime.TextFromDate({days});
+    EXPECT_DOUBLE_EQ(runTime.DateFromText(text).days, days) << ToUtf8(text);
+  }
+}
+
+TEST_F(RunTimeContract, ADateBeyondTheCalendar_HasNoText) {
+  for (const Double days : {3e6, -7e5, 1e300, -1e300}) {
+    EXPECT_EQ(Raised([&] { runTime.TextFromDate({days}); }), errors::kInvalidArgument) << days;
+  }
+}
+
 TEST_F(RunTimeContract, TextThatIsNoDate_Raises) {
   for (const char16_t* text :
        {u"", u" ", u"soon", u"2/30/2009", u"2/29/2009", u"13/32/2009", u"3/1/2009x", u"Marc 1, 2009", u"3/1/20091"}) {
