@@ -1,7 +1,7 @@
 #pragma once
 
 // What the process, its user and its screen tell: the command line, the settings store, the clock, dates in text,
-// message boxes, the code page, and the objects by which a report shows the run time's own state.
+// lower case, message boxes, the code page, and the objects by which a report shows the run time's own state.
 
 #include "platform/variant.h"
 
@@ -30,6 +30,8 @@ class RunTime {
   // The other way, in the locale's short form: without a time at midnight, without a date on day 0. A date outside the
   // calendar raises 5.
   virtual String TextFromDate(Date date) = 0;
+  // Each character's partner by the system's table, whatever the language.
+  virtual String LowerCase(const String& text) = 0;
   // Shows a message and waits for the user's answer. Without a title of its own the box bears the host's.
   virtual Long MsgBox(const String& text, Long style, const String* title) = 0;
   // Of the screen; 15 at 96 dots per inch.

@@ -1,6 +1,10 @@
 #include "platform/text.h"
 
+#include <algorithm>
 #include <charconv>
+#include <span>
+
+#include "platform/letter_case_table.h"
 
 namespace strandline {
 
@@ -22,6 +26,13 @@ String NumberText(Number value, int base) {
   std::u16string text(buffer, end);
   for (char16_t& c : text) c = UpperCase(c);
   return String(text);
+}
+
+char16_t InOtherCase(char16_t c, std::span<const CaseRange> ranges) {
+  const auto range = std::lower_bound(ranges.begin(), ranges.end(), c,
+                                      [](const CaseRange& one, char16_t at) { return one.last < at; });
+  if (range == ranges.end() || c < range->first || (c - range->first) % range->step != 0) return c;
+  return static_cast<char16_t>(c + range->shift);
 }
 
 constexpr char16_t kReplacement = 0xFFFD;
@@ -71,31 +82,13 @@ String DecimalText(std::int64_t value) { return NumberText(value, 10); }
 String HexText(Long value) { return NumberText(static_cast<std::uint32_t>(value), 16); }
 
 char16_t UpperCase(char16_t c) {
-  if (c >= u'a' && c <= u'z') return static_cast<char16_t>(c - 32);
-  if (c < 0x80) return c;
-  if ((c >= 0xE0 && c <= 0xFE && c != 0xF7) || (c >= 0x3B1 && c <= 0x3C9 && c != 0x3C2) || (c >= 0x430 && c <= 0x44F)) {
-    return static_cast<char16_t>(c - 32);
-  }
-  if (c >= 0x450 && c <= 0x45F) return static_cast<char16_t>(c - 80);
-  if (c >= 0x100 && c <= 0x17F && c != 0x131 && c != 0x138 && c != 0x149 && c != 0x17F) {
-    const bool oddIsLower = !((c >= 0x139 && c <= 0x148) || (c >= 0x179 && c <= 0x17E));
-    const bool isLower = oddIsLower ? (c & 1) != 0 : (c & 1) == 0;
-    if (isLower) return static_cast<char16_t>(c - 1);
-  }
-  return c;
+  if (c < 0x80) return c >= u'a' && c <= u'z' ? static_cast<char16_t>(c - 32) : c;
+  return InOtherCase(c, kToUpper);
 }
 
 char16_t LowerCase(char16_t c) {
-  if (c >= u'A' && c <= u'Z') return static_cast<char16_t>(c + 32);
-  if (c < 0x80) return c;
-  if ((c >= 0xC0 && c <= 0xDE && c != 0xD7) || (c >= 0x391 && c <= 0x3A9 && c != 0x3A2) || (c >= 0x410 && c <= 0x42F)) {
-    return static_cast<char16_t>(c + 32);
-  }
-  if (c >= 0x400 && c <= 0x40F) return static_cast<char16_t>(c + 80);
-  if (c >= 0x100 && c <= 0x17E && UpperCase(static_cast<char16_t>(c + 1)) == c && c != 0x130) {
-    return static_cast<char16_t>(c + 1);
-  }
-  return c;
+  if (c < 0x80) return c >= u'A' && c <= u'Z' ? static_cast<char16_t>(c + 32) : c;
+  return InOtherCase(c, kToLower);
 }
 
 String LowerCase(TextView text) {

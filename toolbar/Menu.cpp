@@ -57,7 +57,7 @@ void Menu::ProductNameChanged(const String& productName) {
   if (hasNone) return;
   STEP(popup = Popup());
   // The control that the strip's first cell lies on; its caption is wanted in lower case.
-  STEP(popup.Let("caption", LowerCase(productName)));
+  STEP(popup.Let("caption", platform::RunTime().LowerCase(productName)));
   STEP(entries = ControlsOf(popup));
   STEP(setMenuCaption(Item(entries, kApplyEntry), Concat({u"&Apply ", productName, u" to this document..."})));
   STEP(setIconForProduct(Item(entries, kApplyEntry)));

@@ -41,6 +41,7 @@ class DeskRunTime final : public RunTime {
   // The user is in the United States: see date_text.h.
   Date DateFromText(const String& text) override;
   String TextFromDate(Date date) override;
+  String LowerCase(const String& text) override { return strandline::LowerCase(text); }
   Long MsgBox(const String& text, Long style, const String* title) override;
   Double TwipsPerPixelX() override;
   Double TwipsPerPixelY() override { return TwipsPerPixelX(); }

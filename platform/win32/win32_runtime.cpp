@@ -95,6 +95,12 @@ String Win32RunTime::TextFromDate(Date date) {
   return made;
 }
 
+String Win32RunTime::LowerCase(const String& text) {
+  std::u16string lower(text.View());
+  ::CharLowerBuffW(reinterpret_cast<wchar_t*>(lower.data()), static_cast<DWORD>(lower.size()));
+  return lower;
+}
+
 namespace {
 
 BOOL CALLBACK TakeMainWindow(HWND window, LPARAM found) {

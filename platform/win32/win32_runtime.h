@@ -15,6 +15,7 @@ class Win32RunTime final : public RunTime {
   Date Now() override;
   Date DateFromText(const String& text) override;
   String TextFromDate(Date date) override;
+  String LowerCase(const String& text) override;
   // The thread's active window owns the box.
   Long MsgBox(const String& text, Long style, const String* title) override;
   Double TwipsPerPixelX() override;

@@ -51,6 +51,15 @@ TEST_P(LocaleContract, ANumber_IsWrittenWithAPoint) {
   EXPECT_EQ(Variant(Single{0.1f}).ToText(), u"0.1");
 }
 
+TEST_P(LocaleContract, Letters_HaveTheirCaseInEveryLanguage) {
+  EXPECT_EQ(runTime.LowerCase(u"TITLE I"), u"title i");
+  EXPECT_EQ(LowerCase(TextView(u"TITLE I")), u"title i");
+  EXPECT_EQ(UpperCase(u'i'), u'I');
+  EXPECT_TRUE(SameText(u"TITLE", u"title"));
+  EXPECT_EQ(FindText(u"winword /TRACE I", u"/trace i"), 9);
+  EXPECT_TRUE(BooleanFromText(u"TRUE"));
+}
+
 TEST_P(LocaleContract, ADate_IsTheUsersAndNotTheHosts) {
   const Date date = dates::WithTime(dates::FromParts(2004, 3, 2), 8 * 3600);
   EXPECT_EQ(Variant(date).ToText(), u"3/2/2004 8:00:00 AM");

@@ -99,6 +99,27 @@ TEST_F(RunTimeContract, ADateBeyondTheCalendar_HasNoText) {
   }
 }
 
+TEST_F(RunTimeContract, ATextInLowerCase_FollowsAllOfUnicode) {
+  const struct {
+    TextView text;
+    TextView lower;
+  } cases[] = {{u"", u""},
+               {u"QuillMere 12", u"quillmere 12"},
+               {u"VI\u1EC6T-\u0386\u0388-\u0178", u"vi\u1EC7t-\u03AC\u03AD-\u00FF"},
+               {u"\u00C9\u00D7\u00DE", u"\u00E9\u00D7\u00FE"},
+               {u"\u0100\u0139\u017D\u0187\u01CD", u"\u0101\u013A\u017E\u0188\u01CE"},
+               {u"\u0391\u03A3\u03AB", u"\u03B1\u03C3\u03CB"},
+               {u"\u0401\u0416\u04D2\u0500", u"\u0451\u0436\u04D3\u0501"},
+               {u"\u0531\u0556", u"\u0561\u0586"},
+               {u"\u1E00\u1EF8\u1F08\u1F88", u"\u1E01\u1EF9\u1F00\u1F80"},
+               {u"\u2160\u216F\u24B6\u24CF", u"\u2170\u217F\u24D0\u24E9"},
+               {u"\u2C00\u2C80\uA640\uFF21", u"\u2C30\u2C81\uA641\uFF41"},
+               {u"\u00DF\u0131\u0130\u4E00\u0661", u"\u00DF\u0131\u0130\u4E00\u0661"},
+               {u"\U0001F600A", u"\U0001F600a"},
+               {TextView(u"A\0B", 3), TextView(u"a\0b", 3)}};
+  for (const auto& [text, lower] : cases) EXPECT_EQ(runTime.LowerCase(text), lower) << ToUtf8(text);
+}
+
 TEST_F(RunTimeContract, TextThatIsNoDate_Raises) {
   for (const char16_t* text :
        {u"", u" ", u"soon", u"2/30/2009", u"2/29/2009", u"13/32/2009", u"3/1/2009x", u"Marc 1, 2009", u"3/1/20091"}) {

@@ -166,6 +166,12 @@ TEST_F(MenuTest, NewName_StandsInLowerCaseOnThePopup_AndUnchangedInThreeEntries)
   }
 }
 
+TEST_F(MenuTest, NameOfAnyAlphabet_StandsInLowerCaseOnThePopup) {
+  BeginWith(u"One.doc");
+  menu->ProductNameChanged(u"VI\u1EC6T-\u0386\u0388-\u0178");
+  EXPECT_EQ(PopupCaption(), ToUtf8(u"vi\u1EC7t-\u03AC\u03AD-\u00FF"));
+}
+
 TEST_F(MenuTest, FailureOnTheWay_LeavesWhatIsWritten_AndTheRestAsItWas) {
   const struct {
     const char* item;
