@@ -97,7 +97,9 @@ add_subdirectory(/usr/src/googletest ${CMAKE_CURRENT_BINARY_DIR}/googletest EXCL
 file(GLOB test_sources CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/tests/contract/*.cpp ${CMAKE_SOURCE_DIR}/tests/win32/*.cpp
      ${CMAKE_SOURCE_DIR}/tests/server/*.cpp ${CMAKE_SOURCE_DIR}/tests/wordhost/*.cpp)
 list(FILTER test_sources EXCLUDE REGEX "_desk\\.cpp$")
-add_executable(strandline_win32_tests ${test_sources} ${CMAKE_CURRENT_BINARY_DIR}/images.rc)
+# A host has strings of its own.
+file(CONFIGURE OUTPUT tests.rc CONTENT "${image_lines}STRINGTABLE\nBEGIN\n  4711 \"the host's own\"\nEND\n" @ONLY)
+add_executable(strandline_win32_tests ${test_sources} ${CMAKE_CURRENT_BINARY_DIR}/tests.rc)
 target_link_libraries(strandline_win32_tests PRIVATE strandline_server strandline_wordhost strandline_adtool gtest gmock)
 target_compile_options(strandline_win32_tests PRIVATE $<$<COMPILE_LANGUAGE:CXX>:-O0 -g0>)
 target_precompile_headers(strandline_win32_tests PRIVATE $<$<COMPILE_LANGUAGE:CXX>:<gtest/gtest.h$<ANGLE-R>>)

@@ -19,7 +19,8 @@ class Modules {
   virtual const Byte* LockResource(Long data) = 0;
   virtual Long SizeofResource(Long module, Long resource) = 0;  // bytes
   virtual Long FreeResource(Long data) = 0;
-  virtual String LoadStringA(Long module, Long id, Long limit) = 0;  // empty when it isn't there
+  // Empty when it isn't there. Module 0 is the host's own program file.
+  virtual String LoadStringA(Long module, Long id, Long limit) = 0;
 
   // A resource of the library's own: False, and `bytes` as it was, when it isn't there.
   virtual Boolean LoadResData(Long id, const String& type, Array<Byte>& bytes) = 0;

@@ -153,10 +153,11 @@ Long DeskModules::FreeResource(Long data) {
 }
 
 String DeskModules::LoadStringA(Long module, Long id, Long limit) {
-  const Module* loaded = UseModule(module, "LoadStringA");
-  if (!loaded || limit <= 1) return {};
-  const auto found = loaded->image->strings.find(id & kNumberOfText);
-  if (found == loaded->image->strings.end()) return {};
+  const Module* const loaded = module == 0 ? nullptr : UseModule(module, "LoadStringA");
+  if ((module != 0 && !loaded) || limit <= 1) return {};
+  const std::map<Long, String>& strings = loaded ? loaded->image->strings : mHostStrings;
+  const auto found = strings.find(id & kNumberOfText);
+  if (found == strings.end()) return {};
   return ThroughCodePage(found->second.View().substr(0, static_cast<std::size_t>(limit - 1)));
 }
 

@@ -31,6 +31,8 @@ class DeskModules final : public Modules {
   // The same of a module's file. False where it is no module; then the path loads nothing.
   bool SetModuleFile(const String& path, std::span<const Byte> file);
   void RemoveModule(const String& path);
+  // The strings of the host's own program file; none at first.
+  void SetHostStrings(std::map<Long, String> strings) { mHostStrings = std::move(strings); }
 
   int LiveModules() const { return static_cast<int>(mModules.size()); }
   // The paths of the modules that are loaded, in the order of their loading.
@@ -66,6 +68,7 @@ class DeskModules final : public Modules {
 
   std::span<const OwnImage> mOwn;
   std::shared_ptr<MisuseLog> mMisuses;
+  std::map<Long, String> mHostStrings;
   std::map<String, std::shared_ptr<const ModuleImage>> mImages;  // by path in lower case
   std::map<Long, Module> mModules;
   std::map<Long, Resource> mResources;

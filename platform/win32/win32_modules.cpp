@@ -70,8 +70,9 @@ Long Win32Modules::SizeofResource(Long module, Long resource) {
 Long Win32Modules::FreeResource(Long) { return 0; }
 
 String Win32Modules::LoadStringA(Long module, Long id, Long limit) {
+  // Null is the program file of the process.
   const auto mapped = static_cast<HMODULE>(Mapped(module));
-  if (!mapped || limit <= 0) return {};
+  if ((module != 0 && !mapped) || limit <= 0) return {};
   std::vector<char> narrow(static_cast<std::size_t>(limit));
   const int length = ::LoadStringA(mapped, static_cast<UINT>(id), narrow.data(), limit);
   std::vector<wchar_t> wide(static_cast<std::size_t>(length) + 1);

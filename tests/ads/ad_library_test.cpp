@@ -330,6 +330,8 @@ TEST_F(AdLibrary, AString_ComesAsTheBufferOf512CharactersThatItWasReadInto) {
   EXPECT_EQ(Inside::getString(Factory(), module, 3), expected(std::u16string(511, u'y')));
   EXPECT_EQ(Inside::getString(Factory(), module, 4), expected(u""));
   EXPECT_EQ(Inside::getString(Factory(), 0, 1), expected(u""));
+  world->desk.Modules().SetHostStrings({{1, u"of the host"}});
+  EXPECT_EQ(Inside::getString(Factory(), 0, 1), expected(u"of the host"));
   world->desk.Modules().FreeLibrary(module);
 }
 

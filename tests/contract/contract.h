@@ -34,11 +34,16 @@ class World {
   virtual String MakeModule(const ModuleContents& contents) = 0;
   // The same of a module's file as it is, which may be no module.
   virtual String MakeModuleFile(const std::vector<Byte>& file) = 0;
+  // The host's own program file has one string, and this is it.
+  virtual void GiveHostItsString() = 0;
   // Real time passes and nothing is pumped, as when the program computes. The desk's time stands still then.
   virtual void Compute(std::int64_t milliseconds) = 0;
 };
 
 std::unique_ptr<World> MakeWorld();
+
+inline constexpr Long kHostString = 4711;
+inline constexpr const char16_t* kHostText = u"the host's own";
 
 // The C locale of the process is that of a language as long as this lives.
 class HostLocale {
@@ -75,6 +80,7 @@ class Contract : public testing::Test {
   HostClock& Clock() { return mWorld->Clock(); }
   String MakeModule(const ModuleContents& contents) { return mWorld->MakeModule(contents); }
   String MakeModuleFile(const std::vector<Byte>& file) { return mWorld->MakeModuleFile(file); }
+  void GiveHostItsString() { mWorld->GiveHostItsString(); }
   void Compute(std::int64_t milliseconds) { mWorld->Compute(milliseconds); }
 
   // Lets time pass until the condition holds; false where it still doesn't after five seconds.

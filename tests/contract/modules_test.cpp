@@ -53,6 +53,16 @@ TEST_F(ModuleContract, Strings_FitTheirBuffer) {
   EXPECT_NE(modules.FreeLibrary(module), 0);
 }
 
+TEST_F(ModuleContract, StringsOfModule0_AreThoseOfTheHostsOwnFile) {
+  GiveHostItsString();
+  EXPECT_EQ(modules.LoadStringA(0, kHostString, 512), kHostText);
+  EXPECT_EQ(modules.LoadStringA(0, kHostString, 4), u"the");
+  EXPECT_EQ(modules.LoadStringA(0, kHostString, 1), u"");
+  EXPECT_EQ(modules.LoadStringA(0, kHostString, 0), u"");
+  EXPECT_EQ(modules.LoadStringA(0, kHostString + 1, 512), u"");
+  EXPECT_EQ(modules.LoadStringA(0, 1, 512), u"");
+}
+
 TEST_F(ModuleContract, WhatCantBeLoaded_IsNoModule) {
   EXPECT_EQ(modules.LoadLibraryA(u"C:\\Contract\\absent.dll"), 0);
   EXPECT_EQ(modules.LoadLibraryA(u"absent.dll"), 0);

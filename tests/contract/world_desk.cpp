@@ -35,6 +35,8 @@ class DeskWorld final : public World {
     return path;
   }
 
+  void GiveHostItsString() override { mDesk.Modules().SetHostStrings({{kHostString, kHostText}}); }
+
   void Compute(std::int64_t) override {}
 
  private:

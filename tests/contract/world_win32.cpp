@@ -107,6 +107,9 @@ class WindowsWorld final : public World {
     return PutFile(path, file) ? path : String();
   }
 
+  // It stands among the program's resources.
+  void GiveHostItsString() override {}
+
   void Compute(std::int64_t milliseconds) override { ::Sleep(static_cast<DWORD>(milliseconds)); }
 
  private:
