@@ -3,7 +3,9 @@
 #include <cstring>
 #include <vector>
 
+#include "platform/win32/own_variant.h"
 #include "platform/win32/win32_errors.h"
+#include "platform/win32/win32_variant.h"
 #include "platform/win32/windows_api.h"
 
 namespace strandline::win32 {
@@ -19,10 +21,16 @@ class ComStream final : public Stream {
   ComRef<IStream> mStream;
 };
 
-class ComPicture final : public PictureObject {
+// A picture object of the system, or of a foreign program.
+class ForeignPicture : public PictureObject {
+ public:
+  virtual IUnknown* Com() const = 0;
+};
+
+class ComPicture final : public ForeignPicture {
  public:
   explicit ComPicture(ComRef<IPicture> picture) : mPicture(std::move(picture)) {}
-  IPicture* Com() const { return mPicture.get(); }
+  IPicture* Com() const override { return mPicture.get(); }
 
   Long Handle() const override {
     OLE_HANDLE handle = 0;
@@ -44,6 +52,33 @@ class ComPicture final : public PictureObject {
   ComRef<IPicture> mPicture;
 };
 
+// One that answers to nothing but its members' numbers.
+class DispatchedPicture final : public ForeignPicture {
+ public:
+  explicit DispatchedPicture(ComRef<IDispatch> picture) : mPicture(std::move(picture)) {}
+  IDispatch* Com() const override { return mPicture.get(); }
+
+  Long Handle() const override { return Get(kHandleId); }
+  Long Width() const override { return Get(kWidthId); }
+  Long Height() const override { return Get(kHeightId); }
+
+ private:
+  Long Get(Long member) const {
+    DISPPARAMS none{};
+    OwnVariant value;
+    EXCEPINFO exception{};
+    ForgetErrorInformation();
+    const HRESULT called = mPicture->Invoke(member, IID_NULL, LOCALE_USER_DEFAULT, DISPATCH_PROPERTYGET, &none,
+                                            value.get(), &exception, nullptr);
+    if (FAILED(called)) throw TakeError(called, exception, mPicture.get());
+    // A handle's highest bit is no sign.
+    if (value->vt == VT_UI4 || value->vt == VT_UINT) return static_cast<Long>(value->ulVal);
+    return FromVARIANT(*value).ToLong();
+  }
+
+  ComRef<IDispatch> mPicture;
+};
+
 GUID ToGUID(const Guid& id) {
   static_assert(sizeof(GUID) == sizeof(Guid));
   GUID result;
@@ -51,11 +86,15 @@ GUID ToGUID(const Guid& id) {
   return result;
 }
 
-// Whatever interface was asked for, a picture can also be asked for its own.
+// Whatever interface was asked for, a picture can also be asked for another. A foreign one may have no more than the
+// one of automation.
 Picture Wrapped(IUnknown* object) {
   ComRef<IPicture> picture;
-  if (!object || FAILED(object->QueryInterface(IID_IPicture, picture.PutVoid()))) return nullptr;
-  return New<ComPicture>(picture);
+  ComRef<IDispatch> dispatched;
+  if (!object) return nullptr;
+  if (SUCCEEDED(object->QueryInterface(IID_IPicture, picture.PutVoid()))) return New<ComPicture>(picture);
+  if (FAILED(object->QueryInterface(IID_IPictureDisp, dispatched.PutVoid()))) return nullptr;
+  return New<DispatchedPicture>(dispatched);
 }
 
 // A decoder may leave each pixel's fourth byte set. It shows nowhere, but a copy to one bit may compare all four with
@@ -114,7 +153,7 @@ Long Win32Pictures::OleLoadPicture(const Ref<Stream>& stream, Long size, Boolean
   if (FAILED(result)) return result;
   picture = Wrapped(loaded.get());
   if (!picture) return E_NOINTERFACE;
-  ClearFourthBytes(*static_cast<ComPicture&>(*picture).Com());
+  if (const auto* own = dynamic_cast<const ComPicture*>(picture.get())) ClearFourthBytes(*own->Com());
   return 0;
 }
 
@@ -137,9 +176,9 @@ Long Win32Pictures::OleCreatePictureIndirect(const PictDesc& description, const 
 Picture PictureOf(IDispatch* object) { return Wrapped(object); }
 
 IDispatch* DispatchOf(const PictureObject& picture) {
-  const auto* ours = dynamic_cast<const ComPicture*>(&picture);
+  const auto* known = dynamic_cast<const ForeignPicture*>(&picture);
   IDispatch* object = nullptr;
-  if (ours) ours->Com()->QueryInterface(IID_IDispatch, reinterpret_cast<void**>(&object));
+  if (known) known->Com()->QueryInterface(IID_IDispatch, reinterpret_cast<void**>(&object));
   return object;
 }
 
