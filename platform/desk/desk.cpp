@@ -12,9 +12,11 @@ namespace strandline::desk {
 namespace {
 
 Surface MakeScreen(const Desk::Options& options) {
-  Surface screen(options.width, options.height);
+  constexpr std::int64_t kLargestScreen = std::int64_t{1} << 26;
+  const bool isScreen =
+      options.width > 0 && options.height > 0 && std::int64_t{options.width} * options.height <= kLargestScreen;
   const Desk::Options usual;
-  return screen.pixels.empty() ? Surface(usual.width, usual.height) : screen;
+  return isScreen ? Surface(options.width, options.height) : Surface(usual.width, usual.height);
 }
 
 }  // namespace

@@ -15,7 +15,7 @@ std::vector<std::uint8_t> BytesOf(const Surface& surface, const Clip& part) {
                 static_cast<std::size_t>(part.bottom - part.top));
   for (int y = part.top; y < part.bottom; ++y) {
     for (int x = part.left; x < part.right; ++x) {
-      const std::uint32_t value = *surface.At(x, y);
+      const std::uint32_t value = surface.Get(x, y);
       const std::uint32_t pixel = surface.IsMono() && value != 0 ? 0xFFFFFF : value;
       for (int shift = 16; shift >= 0; shift -= 8) bytes.push_back(static_cast<std::uint8_t>(pixel >> shift));
     }

@@ -39,11 +39,11 @@ void DrawGlyph(const DrawTarget& target, const Glyph& glyph, std::int64_t left, 
   }
 }
 
-// The pixels of a bitmap of either depth as colours.
+// The pixels of a 1-bit bitmap as colours.
 Surface InColor(const Surface& surface) {
   Surface colored(surface.width, surface.height);
-  std::transform(surface.pixels.begin(), surface.pixels.end(), colored.pixels.begin(),
-                 [](std::uint32_t value) { return value == 0 ? 0 : kColorBits; });
+  desk::BitBlt(colored, colored.Bounds(), 0, 0, surface.width, surface.height, surface, 0, 0, kSrcCopy,
+               {0, kColorBits, 0});
   return colored;
 }
 

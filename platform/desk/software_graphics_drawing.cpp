@@ -177,7 +177,7 @@ Long SoftwareGraphics::GetPixel(Long hdc, Long x, Long y) {
   const DrawTarget target = mTargets.TargetOf(*context);
   const Clip pixel = Intersect(WantedArea(target, x, y, 1, 1), target.surface->Bounds());
   if (IsEmpty(pixel) || !target.Touches(pixel)) return kNoColor;
-  const std::uint32_t value = *target.surface->At(pixel.left, pixel.top);
+  const std::uint32_t value = target.surface->Get(pixel.left, pixel.top);
   if (target.surface->IsMono()) return value == 0 ? 0 : static_cast<Long>(kColorBits);
   return static_cast<Long>(ColorRefFromPixel(value));
 }

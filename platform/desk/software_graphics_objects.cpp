@@ -1,6 +1,7 @@
 // Contexts, bitmaps, brushes and regions: making, selecting, deleting.
 
 #include <algorithm>
+#include <new>
 #include <utility>
 
 #include "platform/desk/software_graphics.h"
@@ -124,9 +125,13 @@ Long SoftwareGraphics::CreateBitmap(Long width, Long height, Long planes, Long b
 Long SoftwareGraphics::AddBitmap(Long width, Long height, int depth, const char* call) {
   if (width < 0 || height < 0) return 0;
   if (width == 0 || height == 0) return ObjectTable::kStockBitmap;
-  Bitmap bitmap{Surface(width, height, depth)};
-  if (bitmap.surface.pixels.empty()) return 0;
-  return mObjects->Add(std::move(bitmap), call);
+  try {
+    Bitmap bitmap{Surface(width, height, depth)};
+    if (bitmap.surface.pixels.empty()) return 0;
+    return mObjects->Add(std::move(bitmap), call);
+  } catch (const std::bad_alloc&) {
+    return 0;
+  }
 }
 
 Long SoftwareGraphics::SelectObject(Long hdc, Long object) {

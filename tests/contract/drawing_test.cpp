@@ -115,6 +115,35 @@ TEST_F(DrawingContract, AnIconsMask_IsWhereTheKeyIs) {
   EXPECT_LT(keys, 256);
 }
 
+// Its one-bit bitmap has the extents of the picture in hundredths of a millimetre: 32,756 in both directions at last.
+TEST_F(DrawingContract, AMask_IsRightUpToTheLargestExtent) {
+  for (const Long size : {309, 310, 1238}) {
+    SCOPED_TRACE(size);
+    const Long hdc = graphics.CreateCompatibleDC(0);
+    const Long bitmap = graphics.CreateBitmap(size, size, 1, 32);
+    const Long former = graphics.SelectObject(hdc, bitmap);
+    const Long brush = graphics.CreateSolidBrush(kColorKey);
+    const Rect keyed{size / 3, 1, size - 1, size / 2};
+    graphics.FillRect(hdc, keyed, brush);
+    graphics.DeleteObject(brush);
+    graphics.SelectObject(hdc, former);
+    const Ref<IPictureDispUtilities> pictureMaker = New<IPictureDispUtilities>();
+    const Picture mask = pictureMaker->CreateIPictureDispMask(pictureMaker->hBmpToIPictureDisp(bitmap));
+    ASSERT_TRUE(mask);
+    graphics.SelectObject(hdc, mask->Handle());
+    int wrong = 0;
+    for (const Long y : {Long{0}, Long{1}, size / 2 - 1, size / 2, size - 1}) {
+      for (Long x = 0; x < size; ++x) {
+        const bool isKey = x >= keyed.left && x < keyed.right && y >= keyed.top && y < keyed.bottom;
+        wrong += graphics.GetPixel(hdc, x, y) != (isKey ? kWhite : kBlack);
+      }
+    }
+    EXPECT_EQ(wrong, 0);
+    graphics.SelectObject(hdc, former);
+    graphics.DeleteDC(hdc);
+  }
+}
+
 TEST_F(DrawingContract, AnIconOnTheColourOfMenus_HasItWhereTheKeyWas) {
   constexpr Long kMenuColor = 4;
   const Picture plain =

@@ -46,7 +46,9 @@ void ForManySeeds(int cases, Check check) {
 Surface RandomSurface(Random& random, int largestWidth, int largestHeight, int depth) {
   Surface surface(Between(random, 0, largestWidth), Between(random, 0, largestHeight), depth);
   constexpr std::uint32_t kPixels[] = {0, 0xFFFFFF, 0xC0C0C0, 0x123456, 0xFF00FF};
-  for (std::uint32_t& pixel : surface.pixels) pixel = kPixels[Between(random, 0, 4)] & surface.PixelMask();
+  for (int y = 0; y < surface.height; ++y) {
+    for (int x = 0; x < surface.width; ++x) surface.Set(x, y, kPixels[Between(random, 0, 4)] & surface.PixelMask());
+  }
   return surface;
 }
 
@@ -83,7 +85,7 @@ TEST(Raster, ANewSurface_IsAllZero) {
   for (const int depth : {1, 32}) {
     const Surface surface(3, 5, depth);
     EXPECT_EQ(surface.bitsPerPixel, depth);
-    EXPECT_EQ(surface.pixels, std::vector<std::uint32_t>(15, 0));
+    EXPECT_EQ(surface.pixels, std::vector<std::uint32_t>(depth == 1 ? 5 : 15, 0));
   }
 }
 
@@ -92,6 +94,64 @@ TEST(Raster, ASurfaceOfAnImpossibleSize_IsEmpty) {
     const Surface surface(width, height);
     EXPECT_EQ(std::tuple(surface.width, surface.height, surface.pixels.size()), std::tuple(0, 0, std::size_t{0}));
   }
+}
+
+TEST(Raster, AMonoSurface_TakesOneBitForEachPixel) {
+  const struct {
+    int width, height;
+    std::size_t elements;
+  } cases[] = {{1, 1, 1}, {31, 2, 2}, {32, 2, 2}, {33, 2, 4}, {64, 3, 6}, {65, 3, 9}, {32767, 1, 1024}};
+  for (const auto& [width, height, elements] : cases) {
+    EXPECT_EQ(Surface(width, height, 1).pixels.size(), elements) << width;
+  }
+  const Surface largest(32767, 32767, 1);
+  EXPECT_EQ(largest.height, 32767);
+  EXPECT_EQ(largest.pixels.size(), std::size_t{1024} * 32767);
+}
+
+TEST(Raster, PixelsOfAMonoSurface_AreApart) {
+  for (const int written : {0, 1, 31, 32, 33, 63, 64, 69}) {
+    Surface mono(70, 3, 1);
+    mono.Set(written, 1, 1);
+    for (int y = 0; y < 3; ++y) {
+      for (int x = 0; x < 70; ++x) EXPECT_EQ(mono.Get(x, y), x == written && y == 1 ? 1u : 0u) << x << ' ' << y;
+    }
+    mono.Set(written, 1, 0);
+    EXPECT_EQ(mono, Surface(70, 3, 1));
+  }
+}
+
+TEST(Raster, AFillingOfAMonoSurface_EndsWhereItShould) {
+  ForManySeeds(500, [](Random& random) {
+    const Surface before = RandomSurface(random, 110, 4, 1);
+    const Clip rectangle{Between(random, -5, 110), Between(random, -1, 4), Between(random, -5, 115),
+                         Between(random, 0, 5)};
+    const std::uint32_t pixel = static_cast<std::uint32_t>(Between(random, 0, 1));
+    Surface filled = before;
+    FillRect(filled, kEverything, rectangle, pixel);
+    Surface expected = before;
+    for (int y = 0; y < before.height; ++y) {
+      for (int x = 0; x < before.width; ++x) {
+        if (Contains(rectangle, x, y)) expected.Set(x, y, pixel);
+      }
+    }
+    EXPECT_EQ(filled, expected);
+  });
+}
+
+TEST(Raster, ACutOfAMonoSurface_HasItsPixels) {
+  ForManySeeds(500, [](Random& random) {
+    const Surface source = RandomSurface(random, 140, 4, 1);
+    const Clip area =
+        Intersect(source.Bounds(), {Between(random, 0, 70), Between(random, 0, 2), Between(random, 1, 140), 4});
+    const Surface cut = CutOut(source, area);
+    if (IsEmpty(area)) return EXPECT_EQ(cut, Surface(0, 0, 1));
+    Surface expected(area.right - area.left, area.bottom - area.top, 1);
+    for (int y = 0; y < expected.height; ++y) {
+      for (int x = 0; x < expected.width; ++x) expected.Set(x, y, source.Get(area.left + x, area.top + y));
+    }
+    EXPECT_EQ(cut, expected);
+  });
 }
 
 TEST(Raster, AColorRef_HasRedAndBlueTheOtherWayRound) {
@@ -121,7 +181,7 @@ TEST(Raster, EachOperation_CombinesSourceAndTarget) {
 
 TEST(Raster, AMonoSource_BringsTheTargetsTextAndBackgroundColour) {
   Surface mono(2, 1, 1);
-  mono.pixels = {0, 1};
+  mono.Set(1, 0, 1);
   Surface colour(2, 1);
   BitBlt(colour, kEverything, 0, 0, 2, 1, mono, 0, 0, kSrcCopy, {0x112233, 0xFF445566, 0x99});
   EXPECT_EQ(colour.pixels, (std::vector<std::uint32_t>{0x112233, 0x445566}));
@@ -133,9 +193,9 @@ TEST(Raster, AMonoTarget_IsOneWhereTheSourceHasItsBackgroundColour) {
   const BlitColours colours{0xFFFFFF, 0xFFFFFF, 0xC0C0C0};
   Surface mono(3, 1, 1);
   BitBlt(mono, kEverything, 0, 0, 3, 1, colour, 0, 0, kSrcCopy, colours);
-  EXPECT_EQ(mono.pixels, (std::vector<std::uint32_t>{1, 0, 0}));
+  EXPECT_EQ(mono.pixels[0], 0b001u);
   BitBlt(mono, kEverything, 0, 0, 3, 1, colour, 0, 0, kNotSrcCopy, colours);
-  EXPECT_EQ(mono.pixels, (std::vector<std::uint32_t>{0, 1, 1}));
+  EXPECT_EQ(mono.pixels[0], 0b110u);
 }
 
 TEST(Raster, ACopyBeyondTheSource_LeavesThosePixels) {

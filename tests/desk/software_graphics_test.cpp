@@ -1,6 +1,7 @@
 // Handles: making, selecting, deleting, and what misuse of them does.
 
 #include "tests/desk/graphics_fixture.h"
+#include "tests/support/allocations.h"
 
 namespace strandline::desk {
 namespace {
@@ -109,6 +110,25 @@ TEST_F(GraphicsTest, Bitmaps_OfOddSizesAndDepths) {
   EXPECT_EQ(mGraphics.CreateBitmap(5, 5, 2, 1), 0);
   EXPECT_EQ(mGraphics.CreateBitmap(5, 5, 1, 13), 0);
   EXPECT_EQ(Objects().Count(ObjectKind::kBitmap), 1);
+}
+
+// Pixels count for a colour bitmap, extents for one of one bit; each as far as there is memory.
+TEST_F(GraphicsTest, LargeBitmaps_AreMadeAsFarAsThereIsMemory) {
+  const Long hdc = MakeColor(2, 2, 0);
+  const Long mask = mGraphics.CreateBitmap(32767, 32767, 1, 1);
+  EXPECT_NE(mask, 0);
+  EXPECT_EQ(mGraphics.DeleteObject(mask), 1);
+  const Long wide = mGraphics.CreateCompatibleBitmap(hdc, 32767, 3);
+  EXPECT_NE(wide, 0);
+  EXPECT_EQ(mGraphics.DeleteObject(wide), 1);
+  {
+    const ScarceMemory scarce(1'000'000);
+    EXPECT_EQ(mGraphics.CreateCompatibleBitmap(hdc, 1000, 1000), 0);
+    EXPECT_EQ(mGraphics.CreateBitmap(4000, 4000, 1, 1), 0);
+    EXPECT_NE(mGraphics.CreateBitmap(1000, 1000, 1, 1), 0);
+  }
+  EXPECT_NE(mGraphics.CreateCompatibleBitmap(hdc, 1000, 1000), 0);
+  EXPECT_EQ(Objects().Count(ObjectKind::kBitmap), 3);
 }
 
 TEST_F(GraphicsTest, SelectObject_GivesTheDisplacedObject) {

@@ -139,7 +139,7 @@ Lines DrawingFloor::Rows(const desk::Surface& surface) {
   for (int y = 0; y < surface.height; ++y) {
     std::string row;
     for (int x = 0; x < surface.width; ++x) {
-      const std::uint32_t pixel = *surface.At(x, y);
+      const std::uint32_t pixel = surface.Get(x, y);
       char shown = '?';
       for (const char letter : std::string_view(kPixelLetters)) {
         const std::uint32_t color = desk::PixelFromColorRef(static_cast<std::uint32_t>(ColorOf(letter)));

@@ -1,26 +1,32 @@
 #include "tests/support/allocations.h"
 
 #include <cstdlib>
+#include <limits>
 #include <new>
 
 namespace {
-std::size_t allocations = 0;
-std::size_t failingSize = 0;
-}  // namespace
 
-void* operator new(std::size_t size) {
+constexpr std::size_t kNoLimit = std::numeric_limits<std::size_t>::max();
+std::size_t allocations = 0;
+std::size_t limit = kNoLimit;
+std::size_t failingSize = 0;
+
+void* Allocated(std::size_t size) {
   ++allocations;
   if (failingSize != 0 && size == failingSize) {
     failingSize = 0;
-    throw std::bad_alloc();
+    return nullptr;
   }
-  if (void* memory = std::malloc(size == 0 ? 1 : size)) return memory;
+  return size < limit ? std::malloc(size == 0 ? 1 : size) : nullptr;
+}
+
+}  // namespace
+
+void* operator new(std::size_t size) {
+  if (void* memory = Allocated(size)) return memory;
   throw std::bad_alloc();
 }
-void* operator new(std::size_t size, const std::nothrow_t&) noexcept {
-  ++allocations;
-  return std::malloc(size == 0 ? 1 : size);
-}
+void* operator new(std::size_t size, const std::nothrow_t&) noexcept { return Allocated(size); }
 void operator delete(void* memory, const std::nothrow_t&) noexcept { std::free(memory); }
 void operator delete(void* memory) noexcept { std::free(memory); }
 void operator delete(void* memory, std::size_t) noexcept { std::free(memory); }
@@ -30,5 +36,8 @@ namespace strandline {
 std::size_t AllocationsSoFar() { return allocations; }
 
 void FailNextAllocationOf(std::size_t size) { failingSize = size; }
+
+ScarceMemory::ScarceMemory(std::size_t most) { limit = most; }
+ScarceMemory::~ScarceMemory() { limit = kNoLimit; }
 
 }  // namespace strandline

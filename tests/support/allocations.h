@@ -10,4 +10,13 @@ std::size_t AllocationsSoFar();
 // The next time the program takes exactly that many bytes with operator new, there are none to be had. 0: no failure.
 void FailNextAllocationOf(std::size_t size);
 
+// As long as this lives, the program gets no memory in pieces of `limit` bytes or more.
+class ScarceMemory {
+ public:
+  explicit ScarceMemory(std::size_t limit);
+  ~ScarceMemory();
+  ScarceMemory(const ScarceMemory&) = delete;
+  ScarceMemory& operator=(const ScarceMemory&) = delete;
+};
+
 }  // namespace strandline

@@ -1,14 +1,16 @@
 #include "platform/desk/raster/raster_op.h"
 
+#include <algorithm>
 #include <cstring>
 
 #include "platform/desk/raster/fill.h"
+#include "platform/desk/raster/mono_bits.h"
 #include "platform/desk/raster/row_loop.h"
 
 namespace strandline::desk {
 namespace {
 
-// Rows to combine, already clipped: every one of them lies in both surfaces.
+// Rows of two 32-bit surfaces to combine, already clipped: every one of them lies in both.
 struct Rows {
   std::uint32_t* target;
   std::size_t targetStride;
@@ -42,47 +44,110 @@ void CombineRows(const Rows& rows, Combine combine) {
   }
 }
 
-// `read` turns a source pixel into one of the target's depth, `mask` holds the bits a target pixel has.
-template <typename Read>
-void CombineByOp(const Rows& rows, std::uint32_t rop, std::uint32_t mask, Read read) {
-  using Pixel = std::uint32_t;
+// Calls `use` with what the operation makes of a target and a source of the same form: pixels, or 32 pixels of one bit.
+// `mask` holds the bits that count.
+template <typename Use>
+void WithOperation(std::uint32_t rop, std::uint32_t mask, Use use) {
+  using Bits = std::uint32_t;
   switch (rop) {
     case kSrcCopy:
-      return CombineRows(rows, [read](Pixel, Pixel source) { return read(source); });
+      return use([](Bits, Bits source) { return source; });
     case kNotSrcCopy:
-      return CombineRows(rows, [read, mask](Pixel, Pixel source) { return ~read(source) & mask; });
+      return use([mask](Bits, Bits source) { return ~source & mask; });
     case kSrcAnd:
-      return CombineRows(rows, [read](Pixel target, Pixel source) { return target & read(source); });
+      return use([](Bits target, Bits source) { return target & source; });
     case kSrcInvert:
-      return CombineRows(rows, [read](Pixel target, Pixel source) { return target ^ read(source); });
+      return use([](Bits target, Bits source) { return target ^ source; });
     case kSrcPaint:
-      return CombineRows(rows, [read](Pixel target, Pixel source) { return target | read(source); });
+      return use([](Bits target, Bits source) { return target | source; });
     default:
       return;
   }
 }
 
-void CombineByDepth(Surface& dst, const Surface& src, const Rows& rows, std::uint32_t rop, const BlitColours& colours) {
-  const std::uint32_t mask = dst.PixelMask();
-  if (dst.IsMono() == src.IsMono()) {
-    CombineByOp(rows, rop, mask, [](std::uint32_t source) { return source; });
-  } else if (src.IsMono()) {
-    const std::uint32_t text = colours.textPixel & mask;
-    const std::uint32_t background = colours.backgroundPixel & mask;
-    CombineByOp(rows, rop, mask, [text, background](std::uint32_t source) { return source == 0 ? text : background; });
-  } else {
-    const std::uint32_t background = colours.sourceBackgroundPixel & src.PixelMask();
-    CombineByOp(rows, rop, mask, [background](std::uint32_t source) { return source == background ? 1u : 0u; });
+// Rows where at least one side has one bit; positions are counted in pixels from a row's beginning.
+struct MixedRows {
+  Surface& dst;
+  const Surface& src;
+  Clip area;
+  int left;
+  int top;
+
+  std::size_t Left() const { return static_cast<std::size_t>(area.left); }
+  std::size_t Right() const { return static_cast<std::size_t>(area.right); }
+  // From a target's pixel to its source's.
+  std::size_t SourceOf(std::size_t at) const { return at - Left() + static_cast<std::size_t>(left); }
+
+  template <typename Use>
+  void ForEach(Use use) const {
+    for (int y = area.top; y < area.bottom; ++y) use(dst.Row(y), src.Row(top + y - area.top));
   }
+};
+
+// `read` gives the source's bits for `count` pixels of the target from `at` on.
+template <typename Combine, typename Read>
+void CombineToBits(const MixedRows& rows, Combine combine, Read read) {
+  rows.ForEach([&](std::uint32_t* target, const std::uint32_t* source) {
+    ForPiecesOfARow(rows.Left(), rows.Right(), [&](std::size_t at, std::size_t count) {
+      PutBits(target, at, count, combine(BitsAt(target, at, count), read(source, rows.SourceOf(at), count)));
+    });
+  });
+}
+
+template <typename Combine>
+void CombineBits(const MixedRows& rows, Combine combine) {
+  CombineToBits(rows, combine, BitsAt);
+}
+
+// A pixel of the background colour is a 1.
+template <typename Combine>
+void CombineColourToBits(const MixedRows& rows, std::uint32_t background, Combine combine) {
+  CombineToBits(rows, combine, [background](const std::uint32_t* source, std::size_t at, std::size_t count) {
+    std::uint32_t bits = 0;
+    for (std::size_t i = 0; i < count; ++i) bits |= static_cast<std::uint32_t>(source[at + i] == background) << i;
+    return bits;
+  });
+}
+
+template <typename Combine>
+void CombineBitsToColour(const MixedRows& rows, std::uint32_t text, std::uint32_t background, Combine combine) {
+  rows.ForEach([&](std::uint32_t* target, const std::uint32_t* source) {
+    for (std::size_t at = rows.Left(); at < rows.Right(); at += kBitsOfAnElement) {
+      const std::size_t count = std::min(kBitsOfAnElement, rows.Right() - at);
+      const std::uint32_t bits = BitsAt(source, rows.SourceOf(at), count);
+      std::uint32_t colours[kBitsOfAnElement];
+      for (std::size_t i = 0; i < kBitsOfAnElement; ++i) colours[i] = (bits >> i & 1) == 0 ? text : background;
+      CombineRow(target + at, colours, count, combine);
+    }
+  });
 }
 
 Rows RowsOf(Surface& dst, const Clip& area, const Surface& src, int left, int top) {
   return {dst.At(area.left, area.top),
-          static_cast<std::size_t>(dst.width),
+          dst.Stride(),
           src.At(left, top),
-          static_cast<std::size_t>(src.width),
+          src.Stride(),
           static_cast<std::size_t>(area.right - area.left),
           static_cast<std::size_t>(area.bottom - area.top)};
+}
+
+void CombineByDepth(Surface& dst, const Clip& area, const Surface& src, int left, int top, std::uint32_t rop,
+                    const BlitColours& colours) {
+  if (!dst.IsMono() && !src.IsMono()) {
+    const Rows rows = RowsOf(dst, area, src, left, top);
+    return WithOperation(rop, dst.PixelMask(), [&](auto combine) { CombineRows(rows, combine); });
+  }
+  const MixedRows rows{dst, src, area, left, top};
+  if (!dst.IsMono()) {
+    const std::uint32_t text = colours.textPixel & dst.PixelMask();
+    const std::uint32_t background = colours.backgroundPixel & dst.PixelMask();
+    return WithOperation(rop, dst.PixelMask(),
+                         [&](auto combine) { CombineBitsToColour(rows, text, background, combine); });
+  }
+  constexpr std::uint32_t kAllBits = ~std::uint32_t{0};
+  if (src.IsMono()) return WithOperation(rop, kAllBits, [&](auto combine) { CombineBits(rows, combine); });
+  const std::uint32_t background = colours.sourceBackgroundPixel & src.PixelMask();
+  WithOperation(rop, kAllBits, [&](auto combine) { CombineColourToBits(rows, background, combine); });
 }
 
 }  // namespace
@@ -117,13 +182,13 @@ void BitBlt(Surface& dst, const Clip& clip, int dx, int dy, int width, int heigh
 
   const int left = static_cast<int>(area.left + shiftX);
   const int top = static_cast<int>(area.top + shiftY);
-  if (rop == kSrcCopy && dst.IsMono() == src.IsMono()) {
+  if (rop == kSrcCopy && !dst.IsMono() && !src.IsMono()) {
     CopyRows(JoinedWherePossible(RowsOf(dst, area, src, left, top)), area.top <= top);
   } else if (&dst == &src) {
     const Surface aside = CutOut(src, ClipAt(left, top, area.right - area.left, area.bottom - area.top));
-    CombineByDepth(dst, aside, RowsOf(dst, area, aside, 0, 0), rop, colours);
+    CombineByDepth(dst, area, aside, 0, 0, rop, colours);
   } else {
-    CombineByDepth(dst, src, RowsOf(dst, area, src, left, top), rop, colours);
+    CombineByDepth(dst, area, src, left, top, rop, colours);
   }
 }
 

@@ -24,7 +24,9 @@ Correspondence Correspond(int x, int y, const Clip& clip, int dx, int dy, int wi
 }
 
 std::uint32_t SourcePixel(const Surface& src, const Correspondence& at) {
-  return src.pixels[static_cast<std::size_t>(at.sourceY * src.width + at.sourceX)];
+  const std::size_t row = static_cast<std::size_t>(at.sourceY) * src.Stride();
+  const auto x = static_cast<std::size_t>(at.sourceX);
+  return src.bitsPerPixel == 1 ? src.pixels[row + x / 32] >> (x % 32) & 1 : src.pixels[row + x];
 }
 
 std::uint32_t Converted(std::uint32_t pixel, const Surface& src, const Surface& dst, const BlitColours& colours) {
@@ -56,8 +58,7 @@ void ReferenceBitBlt(Surface& dst, const Clip& clip, int dx, int dy, int width, 
       const Correspondence at = Correspond(x, y, clip, dx, dy, width, height, aside, sx, sy);
       if (!at.meant || (usesSource && !at.inSource)) continue;
       const std::uint32_t source = usesSource ? Converted(SourcePixel(aside, at), aside, dst, colours) : 0;
-      std::uint32_t& target = *dst.At(x, y);
-      target = Mixed(rop, source, target, dst.bitsPerPixel == 1 ? 1 : 24);
+      dst.Set(x, y, Mixed(rop, source, dst.Get(x, y), dst.bitsPerPixel == 1 ? 1 : 24));
     }
   }
 }
