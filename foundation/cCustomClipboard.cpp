@@ -137,7 +137,10 @@ Boolean cCustomClipboard::HasCurrentFormat(Long lFormatId) {
 
 String cCustomClipboard::FormatName(Long lFormatId) {
   METHOD(String, u"FormatName", lFormatId);
-  if (lFormatId >= 1 && lFormatId <= kLastStandard) return here.result = kStandardNames[lFormatId - 1];
+  if (lFormatId >= 1 && lFormatId <= kLastStandard) {
+    STEP(here.result = kStandardNames[lFormatId - 1]);
+    return here.Leave();
+  }
   STEP(here.result = platform::Clipboard().GetClipboardFormatNameA(lFormatId, kNameBuffer));
   return here.Leave();
 }

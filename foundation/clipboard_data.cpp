@@ -164,7 +164,9 @@ Boolean cCustomClipboard::GetTextData(String& sTextOut, Long& lFormatId) {
   Long i = 0;
   Long j = 0;
   Long lHwndCache = 0;
-  REPORTS(bData, i, j, lHwndCache);
+  Long last = -1;
+  Integer byte = 0;
+  REPORTS(bData, i, j, lHwndCache, last, byte);
   setlFormatId(lFormatId);
   if (lFormatId == kText || lFormatId == kUnicodeText) {
     if (m_bClipboardIsOpen) {
@@ -176,16 +178,16 @@ Boolean cCustomClipboard::GetTextData(String& sTextOut, Long& lFormatId) {
     return here.result = true;
   }
   if (!GetBinaryData(lFormatId, bData)) return here.Leave();
-  const Long last = bData.Upper();
+  STEP(last = bData.Upper());
   while (i <= last) {
-    const Byte byte = bData(i);
+    STEP(byte = bData(i));
     if (byte == kLatinLead) {
       if (i < last) {
         STEP(bData(j) = ToByte(bData(i + 1) + 64));
         ++i;
       }
     } else if (byte == kNoBreakSpace) {
-      bData(j) = u' ';
+      STEP(bData(j) = u' ');
     } else if (byte == kPunctuationLead) {
       // So as it stands: the test of the place holds always, and it is the subscript that ends a mark cut short.
       CONDITION(isMark, i - 2 <= last && bData(i + 1) == kPunctuationSecond);
@@ -194,7 +196,7 @@ Boolean cCustomClipboard::GetTextData(String& sTextOut, Long& lFormatId) {
         i += 2;
       }
     } else {
-      bData(j) = byte;
+      STEP(bData(j) = static_cast<Byte>(byte));
     }
     ++i;
     ++j;

@@ -14,11 +14,23 @@ TYPES = [
     (r"strandline::Pieces$", "a place in a text"),
     (r"TextView$|basic_string_view<char16_t", "a view of a text that stands elsewhere"),
     (r"(Byte|unsigned char) \*( ?const)?$", "a place in memory, which a dump has no text for"),
+    (r"std::vector<", "a copy of the registry's keys or items, of which each is told as it comes"),
     (r"size_t$|^unsigned long", "a place in a text or a container of C++"),
 ]
 
 # Single locals, as "Class::Function, local", and why.
 EXCEPTIONS = {
+    "Main2::HandleDocumentCreateImpl, isStale": "the outcome of a condition",
+    "Main2::ShrinkDropDownMenu, more": "the outcome of a condition",
+    "Main2::ShrinkDropDownMenu, isIt": "the outcome of a condition",
+    "Main2::ProcessEliteButtons, number": "i, in a width that gets past the last 16-bit number",
+    "Main2::ToggleToolbarForNoDocuments, number": "i, in a width that gets past the last 16-bit number",
+    "CommonPropertyFunctions::InitializeMapWithPossibleValues, last": "the outcome of a condition",
+    "SleepReplacement::Wait, loop": "mMessageLoop once more, held until the wait is over",
+    "cCustomClipboard::GetFileList, unused": "a variable that the system asks for and leaves alone",
+    "cCustomClipboard::SetFileList, names": "what becomes bData in the next statement",
+    **{f"vbwProtector::vbwErrorHandler, {name}": "a parameter or mStack once more, for the component to write to"
+       for name in ("number", "line", "description", "project", "source", "procedure", "names")},
     "Advertisement::addEmailParameterToWebsite, address": "the parameter website once more, which getEmail may change",
     "LoadImageFromResource::LoadResGifJpgBmp, told": "what an observer is told at every way out",
     "ToolbarUtilities::capitalize, first": "one character, which has no kind of its own in a dump",

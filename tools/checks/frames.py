@@ -23,6 +23,7 @@ FRAMELESS = [
     (r"CommonLogger::Log", "hands an observer the text, then runs the procedure of its name"),
     (r"vbwProtector::(vbwProcIn|vbwProcOut|vbwProcInOverflows|ParameterText|SetGlobalReport)", "part of the frame"),
     (r"ProcedureName::TraceName", "part of the frame"),
+    (r"Unread", "stands for a variable, and runs nothing"),
     (r".*::(ReportVariables|ReportModule|ReportGlobals|ReportState|ReportToolbars)", "runs inside a dump"),
     (r"\w+::Invoke", "the automation door: its errors go to the caller"),
     (r"\w+::operator Variant", "runs inside a dump"),
@@ -42,6 +43,15 @@ FRAMELESS = [
 
 # Calls that can raise outside of a STEP, as "procedure, callee", and why.
 UNCAUGHT = {
+    "Buttons::Initialize, operator()": "a cell's number that is a constant",
+    "Buttons::PaintIcons, operator()": "a cell's number that is a constant",
+    "Buttons::PositionCursorOverNewButton, operator()": "a cell's number that is a constant",
+    "Buttons::UpdateButtonRects, operator()": "the count is at most the number of cells",
+    "Buttons::PaintIcon, operator()": "the condition before has read this very cell",
+    "Buttons::HighlightedButtonIndex, FirstOn": "goes through the cells that are there",
+    "Buttons::HandleMouseMove, ToBoolean": "inToolbarClientArea gives True or Empty",
+    "Buttons::HandleButtonDown, ToBoolean": "inToolbarClientArea gives True or Empty",
+    "Buttons::MouseLeftToolbar, ToBoolean": "inToolbarClientArea gives True or Empty",
 }
 
 
