@@ -10,6 +10,7 @@
 #include <gtest/gtest.h>
 #include <signal.h>
 #include <sys/mman.h>
+#include <sys/prctl.h>
 #include <sys/resource.h>
 #include <sys/time.h>
 #include <sys/wait.h>
@@ -80,6 +81,7 @@ Outcome InFork(Body body) {
   const pid_t child = fork();
   if (child == 0) {
     setpgid(0, 0);
+    prctl(PR_SET_PDEATHSIG, SIGKILL);  // a run that is stopped leaves nothing behind
     const int nowhere = open("/dev/null", O_RDWR);
     for (int stream : {0, 1, 2}) dup2(nowhere, stream);
     const rlimit memory{6ul << 30, 6ul << 30};
