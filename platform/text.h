@@ -59,9 +59,9 @@ String Concat(std::initializer_list<TextView> pieces);
 String DecimalText(std::int64_t value);
 String HexText(Long value);
 
-// Upper and lower case by Unicode's table, one character for one; what has no such partner stays, and so do the halves
-// of a character beyond 16 bits. Two letters stay as they do on Windows: the capital I with a dot and the small one
-// without. For a text as the system writes it in lower case ask the seam (RunTime::LowerCase).
+// Upper and lower case by Unicode's table, one character for one. As on Windows, two characters are partners where each
+// leads to the other; all others stay, and so do the halves of a character beyond 16 bits. For a text as the system
+// writes it in lower case ask the seam (RunTime::LowerCase).
 char16_t UpperCase(char16_t c);
 char16_t LowerCase(char16_t c);
 String LowerCase(TextView text);

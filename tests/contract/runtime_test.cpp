@@ -115,6 +115,7 @@ TEST_F(RunTimeContract, ATextInLowerCase_FollowsAllOfUnicode) {
                {u"\u2160\u216F\u24B6\u24CF", u"\u2170\u217F\u24D0\u24E9"},
                {u"\u2C00\u2C80\uA640\uFF21", u"\u2C30\u2C81\uA641\uFF41"},
                {u"\u00DF\u0131\u0130\u4E00\u0661", u"\u00DF\u0131\u0130\u4E00\u0661"},
+               {u"\u01C5\u03F4\u1E9E\u2126\u212A\u212B", u"\u01C5\u03F4\u1E9E\u2126\u212A\u212B"},
                {u"\U0001F600A", u"\U0001F600a"},
                {TextView(u"A\0B", 3), TextView(u"a\0b", 3)}};
   for (const auto& [text, lower] : cases) EXPECT_EQ(runTime.LowerCase(text), lower) << ToUtf8(text);
