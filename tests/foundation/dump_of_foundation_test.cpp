@@ -127,7 +127,7 @@ TEST_F(ClipboardClassTest, Dump_OfATextThatBreaksOffAmidACharacter) {
   EXPECT_FALSE(clipboard->GetTextData(text, format));
   EXPECT_EQ(DumpText(script.log),
             "[LOCAL]\nsTextOut = 'before'\nlFormatId = 49153\nbData = [0 97 98 233 169 226]\ni = 4\nj = 3\n"
-            "lHwndCache = 0\n[MODULE]\nm_lId = [unsized]\nm_sName = [unsized]\nm_iCount = 0\n"
+            "lHwndCache = 0\nlast = 4\nbyte = 226\n[MODULE]\nm_lId = [unsized]\nm_sName = [unsized]\nm_iCount = 0\n"
             "m_bClipboardIsOpen = True\nm_hWnd = " +
                 std::to_string(hwnd) + "\nm_RichTextId = 49153\nm_HTMLId = 49154\n" + kGlobals);
 }

@@ -100,7 +100,7 @@ Result CallByDefault(Interface& target, Result (Interface::*operation)(Parameter
 // The error by which an operation tells that it failed; 0 for one that has a value for it.
 Long ErrorOfFailing(const std::string& name) {
   if (name == "CreateObject" || name == "CreateDictionary") return errors::kCannotCreateComponent;
-  if (name == "DateFromText") return errors::kTypeMismatch;
+  if (name == "DateFromText" || name == "TextFromDate") return errors::kTypeMismatch;
   return name == "GetText" || name == "SetText" || name == "SetPicture" ? errors::kCannotOpenClipboard : 0;
 }
 
