@@ -1,10 +1,12 @@
 // The whole dumps of this folder's own procedures.
 
+#include "foundation/CommonLogger.h"
 #include "foundation/LanguageExtensions.h"
 #include "foundation/SleepReplacement.h"
 #include "platform/wrappers/forwarding.h"
 #include "tests/foundation/clipboard_fixture.h"
 #include "tests/foundation/dump_text.h"
+#include "tests/support/allocations.h"
 
 namespace strandline {
 namespace {
@@ -26,6 +28,18 @@ TEST_F(DumpOfFoundation, QuickSort) {
   EXPECT_EQ(Dump(),
             "[LOCAL]\nvalues = [1 'b' 'a']\nintBottom = 2\nintTop = 32766\npivot = ''\nintBottomTemp = 2\n"
             "intTopTemp = 32766\n[MODULE]\nmInIDE = False\n" +
+                kGlobals);
+}
+
+TEST_F(DumpOfFoundation, OpenLog) {
+  script.Answer({Long{8}});
+  const std::size_t bytesOfTheAddress = (26 + 1) * sizeof(char16_t);  // "http://www.morvane.example"
+  FailNextAllocationOf(bytesOfTheAddress);
+  CommonLogger::OpenLog(1, u"Quillmere", u"strandline", u"Morvane");
+  FailNextAllocationOf(0);
+  EXPECT_EQ(Dump(),
+            "[LOCAL]\nlevel = 1\nproductName = 'Quillmere'\nlogPrefix = 'strandline'\ncompanyName = 'Morvane'\n"
+            "[MODULE]\nmWebsiteAddress = ''\n" +
                 kGlobals);
 }
 
