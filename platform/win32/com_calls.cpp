@@ -28,6 +28,12 @@ void WriteBack(Slots<CallArgument, 8>& slots, bool hasFailed) {
   if (first && !hasFailed) std::rethrow_exception(first);
 }
 
+// Whether the object has no such way to be used, or one that is declared alone.
+bool IsMissing(HRESULT called, const EXCEPINFO& exception) {
+  return called == DISP_E_MEMBERNOTFOUND || called == E_NOTIMPL ||
+         (called == DISP_E_EXCEPTION && exception.scode == E_NOTIMPL);
+}
+
 }  // namespace
 
 ComCalls::ComCalls(IDispatch& object) : mObject(&object) {
@@ -89,9 +95,11 @@ HRESULT ComCalls::CallAs(Use use, DISPID member, DISPPARAMS& parameters, VARIANT
       return called;
     case Use::kLet:
       // Some objects have only the one of the two ways to set an object.
-      if (parameters.rgvarg[0].vt == VT_DISPATCH) called = invoke(DISPATCH_PROPERTYPUTREF, nullptr);
-      if (called == DISP_E_MEMBERNOTFOUND) called = invoke(DISPATCH_PROPERTYPUT, nullptr);
-      return called;
+      if (parameters.rgvarg[0].vt != VT_DISPATCH) return invoke(DISPATCH_PROPERTYPUT, nullptr);
+      called = invoke(DISPATCH_PROPERTYPUTREF, nullptr);
+      if (!IsMissing(called, exception)) return called;
+      if (called == DISP_E_EXCEPTION) TakeError(called, exception, nullptr);  // which frees its texts
+      return invoke(DISPATCH_PROPERTYPUT, nullptr);
   }
   return called;
 }

@@ -35,6 +35,13 @@ Error Raised(Use use) {
 
 HRESULT NoMethod(int flags, VARIANT&, EXCEPINFO&) { return flags == kMethod ? DISP_E_MEMBERNOTFOUND : S_OK; }
 HRESULT NoPutRef(int flags, VARIANT&, EXCEPINFO&) { return flags == kPutRef ? DISP_E_MEMBERNOTFOUND : S_OK; }
+HRESULT PlainNoPutRef(int flags, VARIANT&, EXCEPINFO&) { return flags == kPutRef ? E_NOTIMPL : S_OK; }
+HRESULT ToldNoPutRef(int flags, VARIANT&, EXCEPINFO& exception) {
+  if (flags != kPutRef) return S_OK;
+  exception.scode = E_NOTIMPL;
+  exception.bstrDescription = ::SysAllocString(L"not implemented");
+  return DISP_E_EXCEPTION;
+}
 HRESULT Absent(int, VARIANT&, EXCEPINFO&) { return DISP_E_MEMBERNOTFOUND; }
 
 }  // namespace
@@ -53,6 +60,11 @@ TEST(LateCall, TheFlags_SayWhatIsWanted) {
       {"let of a value", ObjectPlan().answer, [](const Object& o) { o.Let("Name", Long{1}); }, {kPut}},
       {"let of an object", ObjectPlan().answer, [](const Object& o) { o.Let("Name", o); }, {kPutRef}},
       {"let of an object as a value", &NoPutRef, [](const Object& o) { o.Let("Name", o); }, {kPutRef, kPut}},
+      {"let of an object whose other way is declared alone",
+       &PlainNoPutRef,
+       [](const Object& o) { o.Let("Name", o); },
+       {kPutRef, kPut}},
+      {"the same, told as an exception", &ToldNoPutRef, [](const Object& o) { o.Let("Name", o); }, {kPutRef, kPut}},
       {"let of Nothing", ObjectPlan().answer, [](const Object& o) { o.Let("Name", Object()); }, {kPutRef}},
   };
   for (const auto& c : cases) {
