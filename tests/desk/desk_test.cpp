@@ -94,6 +94,8 @@ TEST(Desk, Options_SetScreenAndResolution) {
   EXPECT_EQ(odd.Screen().width, 1024);
   EXPECT_EQ(odd.Screen().height, 768);
   EXPECT_EQ(odd.RunTime().TwipsPerPixelX(), 15);
+  Desk tooLarge({8193, 8192, 96});
+  EXPECT_EQ(tooLarge.Screen().width, 1024);
 }
 
 TEST(Desk, WhoIsCalling_NamesMakers) {
