@@ -81,10 +81,9 @@ void Main2::UseQuillmere() {
 // A window without a toolbar is an error of Toolbars alone, which leaves an Empty entry for it: nothing is clicked.
 void Main2::ClickOnAd() {
   METHOD(void, u"ClickOnAd");
-  Long hwnd = 0;
-  REPORTS(hwnd);
   here.IgnoreErrors();
-  hwnd = CommonWordWindowFunctions::ActiveDocumentHandle();
+  Long hwnd = CommonWordWindowFunctions::ActiveDocumentHandle();
+  REPORTS(hwnd);
   STEP(Required(Toolbars(hwnd)).ClickOnAd());
 }
 

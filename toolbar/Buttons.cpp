@@ -61,11 +61,10 @@ void Buttons::Initialize(Long parentHwnd, Long hWnd, Boolean needAdvert) {
 // cells can't be read, nothing is put down.
 void Buttons::PaintIcons(Long activeDocHwnd, Boolean updateRects, Boolean forceRepaint) {
   METHOD(void, u"PaintIcons", activeDocHwnd, updateRects, forceRepaint);
-  Long hdc = 0;
+  Log(u"PaintIcons");
+  Long hdc = platform::Graphics().GetDC(mHwnd);
   Integer i = 0;
   REPORTS(hdc, i);
-  Log(u"PaintIcons");
-  hdc = platform::Graphics().GetDC(mHwnd);
   if (!forceRepaint) STEP(forceRepaint = Required(mPainter).NeedRepaint(activeDocHwnd, mHwnd));
   if (forceRepaint) {
     Log(Joined(u"Need a repaint for ", Hex{activeDocHwnd}));
@@ -142,25 +141,23 @@ void Buttons::PaintIcon(Integer index, Long destHdc, Boolean& forceEraseBackgrou
 
 void Buttons::PaintAd(Boolean forceEraseBackground) {
   METHOD(void, u"PaintAd", forceEraseBackground);
-  Long hdc = 0;
-  REPORTS(hdc);
   Log(Joined(u"PaintAd forceEraseBackground", forceEraseBackground));
-  hdc = platform::Graphics().GetDC(mHwnd);
+  Long hdc = platform::Graphics().GetDC(mHwnd);
+  REPORTS(hdc);
   PaintIcon(kAdCell, hdc, forceEraseBackground);
   platform::Graphics().ReleaseDC(mHwnd, hdc);
 }
 
 void Buttons::ToggleBorder(Long hdc, Integer index, Long state) {
   METHOD(void, u"ToggleBorder", hdc, index, state);
-  Long cmd = 0;
-  REPORTS(cmd);
   Log(Joined(u"ToggleBorder index=", index, u", state=", state));
   if (index == 0) return;
   if (state == kLookPlain) {
     PaintIcon(index, hdc, Unread(Boolean{true}));
     return;
   }
-  cmd = state == kLookRaised ? BorderDrawingFunctions::kEdgeRaised : BorderDrawingFunctions::kEdgeSunken;
+  Long cmd = state == kLookRaised ? BorderDrawingFunctions::kEdgeRaised : BorderDrawingFunctions::kEdgeSunken;
+  REPORTS(cmd);
   STEP(const ButtonRect& cell = mButtons(index - 1);
        BorderDrawingFunctions::DrawBorder(hdc, cell.left, cell.top, cell.right, cell.bottom, cmd));
 }

@@ -74,14 +74,13 @@ Boolean Buttons::HandleMouseMove(Boolean lbuttonDown, Long x, Long y, Boolean ha
 
 Boolean Buttons::HandleButtonDown(Long x, Long y) {
   METHOD(Boolean, u"HandleButtonDown", x, y);
-  Long hdc = 0;
-  REPORTS(hdc);
   if (mIsHandling) return here.result = false;
   if (!inToolbarClientArea(x, y, false).ToBoolean()) return here.result = false;
   here.result = true;
   mButtonState = kLookSunken;
   if (stickyButton(mHighlightedButton)) return here.Leave();
-  hdc = platform::Graphics().GetDC(mHwnd);
+  Long hdc = platform::Graphics().GetDC(mHwnd);
+  REPORTS(hdc);
   ToggleBorder(hdc, mHighlightedButton, mButtonState);
   // The menu opens when the button comes up; by then its captions are right.
   if (mHighlightedButton == kMenuCell) STEP(Required(mMenu).ToggleFootnoteEndnoteUI());
@@ -139,9 +138,8 @@ void Buttons::HandleMenuDrop() {
 
 void Buttons::removeButtonHighlighting(Long& hdc) {
   METHOD(void, u"removeButtonHighlighting", hdc);
-  Integer oldHighlightIndex = 0;
+  Integer oldHighlightIndex = mHighlightedButton;
   REPORTS(oldHighlightIndex);
-  oldHighlightIndex = mHighlightedButton;
   mHighlightedButton = 0;
   mButtonState = kLookRaised;
   if (stickyButton(oldHighlightIndex)) return;

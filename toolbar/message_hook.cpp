@@ -147,9 +147,8 @@ Boolean Toolbar::InSameDockingBar(Long lParam) {
 
 void Toolbar::HandleMouseMove(Boolean lbuttonDown, Long x, Long y) {
   METHOD(void, u"HandleMouseMove", lbuttonDown, x, y);
-  Boolean hasChangedParentWindows = false;
+  Boolean hasChangedParentWindows = mParentHwnd != CommonWordWindowFunctions::ActiveDocumentHandle();
   REPORTS(hasChangedParentWindows, epoch);
-  hasChangedParentWindows = mParentHwnd != CommonWordWindowFunctions::ActiveDocumentHandle();
   CONDITION(needsTimer, Required(mButtons).HandleMouseMove(lbuttonDown, x, y, hasChangedParentWindows));
   if (!needsTimer) return;
   // A new number each time: the next move doesn't put off a timer that runs.
