@@ -2,8 +2,10 @@
 
 #include "drawing/ToolbarUtilities.h"
 #include "platform/dates.h"
+#include "platform/wrappers/forwarding.h"
 #include "tests/ads/ad_fixture.h"
 #include "tests/ads/ads_fixture.h"
+#include "tests/support/allocations.h"
 
 namespace strandline {
 namespace {
@@ -46,9 +48,17 @@ std::string Globals(const char* adFactory, const char* productState, const char*
          "\nToolbarUtilities.converter = " + converter + "\nApp\nErr\nScreen\n";
 }
 
+// Of a dump's text: what stands under "LOCAL".
+std::string LocalsOf(const std::string& dump) {
+  const std::size_t begin = dump.find("LOCAL\n") + 6;
+  return dump.substr(begin, dump.find("MODULE\n") - begin);
+}
+
 class DumpOfAnAd : public AdTest {
  protected:
+  std::string LocalsDuring(const std::function<void()>& doing) { return LocalsOf(DumpDuring(doing)); }
   std::string DumpDuring(const std::function<void()>& doing) {
+    floor->errors.log.clear();
     floor->errors.Answer({vbwProtector::kDump});
     doing();
     TakeErrors();
@@ -101,8 +111,51 @@ TEST_F(DumpOfAnAd, OfItsFilter) {
                 Globals());
 }
 
+// A first statement that fails: the locals are as they begin.
+
+TEST_F(DumpOfAnAd, OfABackBufferWithoutAPicture) {
+  const Long background = floor->MakeContext(30, 20, kGreen);
+  EXPECT_EQ(LocalsDuring([&] { ad->InitBackBuffer(background, 1, 2, 28, 18); }),
+            "srcHdc = handle\nleft = 1\ntop = 2\nwidth = 28\nheight = 18\n"
+            "picHdc = handle\noldHandle = 0\nx = 0\ny = 0\n");
+  floor->DeleteContext(background);
+}
+
+TEST_F(DumpOfAnAd, OfAnAddressForWhichThereIsNoMemory) {
+  const std::u16string address(300, u'a');
+  String website = address;
+  FailNextAllocationOf((address.size() + 1) * sizeof(char16_t));
+  EXPECT_EQ(LocalsDuring([&] { Inside::addEmailParameterToWebsite(*ad, website); }),
+            "website = '" + std::string(300, 'a') + "'\nquestionIndex = 0\nhashIndex = 0\n");
+  FailNextAllocationOf(0);
+}
+
+TEST_F(DumpOfAnAd, OfListenKeysForWhichThereIsNoMemory) {
+  constexpr std::size_t kClauses = 37;
+  Inside::SetFilter(*ad, std::u16string(kClauses - 1, u'~'));
+  FailNextAllocationOf(kClauses * sizeof(String));
+  EXPECT_EQ(LocalsDuring([&] { ad->listenKeys(); }), "last = -1\ni = 0\n");
+  FailNextAllocationOf(0);
+}
+
+TEST_F(DumpOfAnAd, OfRulesThatCantBeRead) {
+  const Date day = dates::FromParts(2009, 3, 2);
+  const Date none{1e9};
+  EXPECT_EQ(LocalsDuring([&] { Inside::InRepeatTiming(*ad, day, day, u"", day); }),
+            "startDate = day 39874\nendDate = day 39874\nrepeatStr = ''\ncurrentDate = day 39874\n"
+            "body = ''\nrule = 0\n");
+  EXPECT_EQ(LocalsDuring([&] { Inside::InRepeatWeekly(*ad, u"11", day, none); }),
+            "body = '11'\nstartDate = day 39874\ncurrentDate = day 1000000000\nweekday = 0\n");
+  EXPECT_EQ(LocalsDuring([&] { Inside::InRepeatYearly(*ad, u"", day); }),
+            "body = ''\ncurrentDate = day 39874\nparts = [0]\nmonth = 0\nday = 0\n");
+  EXPECT_EQ(LocalsDuring([&] { Inside::InRepeatEveryOther(*ad, u"x", day, 7, day); }),
+            "body = 'x'\nstartDate = day 39874\ndayRange = 7\ncurrentDate = day 39874\n"
+            "every = 0\nworkingDay = 0\nendDay = 0\nworkingYear = 0\ni = 0\nlast = 0\n");
+}
+
 class DumpOfTheAds : public AdsTest {
  protected:
+  std::string LocalsDuring(const std::function<void()>& doing) { return LocalsOf(DumpDuring(doing)); }
   std::string DumpDuring(const std::function<void()>& doing) {
     world->errors.log.clear();
     world->errors.Answer({vbwProtector::kDump});
@@ -183,6 +236,49 @@ TEST_F(DumpOfTheAds, OfABlenderThatFreesItsBlends) {
             "MODULE\n"
             "mAlphaBlender = Nothing\nmWidth = 0\nmHeight = 0\nmCache = Nothing\nmOldHandles = Nothing\n" +
                 Globals());
+}
+
+TEST_F(DumpOfTheAds, OfALoadWithoutRoom) {
+  Begin();
+  Integer highest = -2;
+  EXPECT_EQ(LocalsDuring([&] { Inside::LoadAds(Factory(), 0, highest, dates::FromParts(2009, 3, 2)); }),
+            "hModule = 0\nuboundImages = -2\ncurrentDate = day 39874\n"
+            "ads = [unsized]\ncount = 0\ni = 0\nad = Nothing\nimage = no picture\nsettings = ''\n"
+            "listenMap = Nothing\nleft = 0\ntop = 0\n");
+}
+
+TEST_F(DumpOfTheAds, OfTheNewsOfALibraryThatCantBeMapped) {
+  class NoLibraries final : public ForwardingModules {
+   public:
+    using ForwardingModules::ForwardingModules;
+    Long LoadLibraryA(const String&) override { Raise(1000, u"no library"); }
+  };
+  Begin();
+  Modules* const former = platform::current.modules;
+  NoLibraries none(*former);
+  platform::current.modules = &none;
+  EXPECT_EQ(LocalsDuring([&] { ReportNews(false); }),
+            "abortedAfterFiveSeconds = False\n"
+            "currentDate = day 39874\nhModule = 0\nverifier = Nothing\nsignature = ''\nuboundImages = 0\n");
+  platform::current.modules = former;
+}
+
+TEST_F(DumpOfTheAds, OfAPanelThatFindsNoMemory) {
+  constexpr std::size_t kFlagsInAPiece = 512;  // of a deque
+  BeginWithStrip({{}});
+  Array<Boolean> all;
+  FailNextAllocationOf(kFlagsInAPiece);
+  EXPECT_EQ(LocalsDuring([&] { Inside::ReinitializeVisibleArray(Panel(), all); }),
+            "visibleUpdateArray = [unsized]\nlast = -1\ni = 0\n");
+  FailNextAllocationOf(0);
+}
+
+TEST_F(DumpOfTheAds, OfAFadeFromAnAdThatIsNotThere) {
+  BeginWithStrip({{}});
+  FakeStrip strip;
+  Inside::CurrentIndex(Panel()) = -4;
+  EXPECT_EQ(LocalsDuring([&] { Panel().TimerTick(77, strip); }),
+            "hWnd = 77\ntheButtons = Nothing\nstart = -4\npassed = 0\n");
 }
 
 }  // namespace

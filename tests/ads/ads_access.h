@@ -28,6 +28,9 @@ struct AdsAccess {
   }
 
   static void UpdateToNewAds(Advertisements& panel) { panel.UpdateToNewAds(); }
+  static void ReinitializeVisibleArray(Advertisements& panel, Array<Boolean>& ads) {
+    panel.ReinitializeVisibleArray(ads);
+  }
   static void PrimeTimerCycle(Advertisements& panel, Long hWnd, Boolean force) { panel.PrimeTimerCycle(hWnd, force); }
   static Boolean ImActiveDocument(Advertisements& panel) { return panel.ImActiveDocument(); }
   static Integer& CurrentIndex(Advertisements& panel) { return panel.mCurrentIndex; }

@@ -76,11 +76,27 @@ TEST_F(DumpOfPainter, OfAWindowThatIsTooWide_ShowsItsRectangle) {
   Long width = 7;
   Long height = 8;
   painter->GetWindowExtents(window->strip, width, height);
+  const LogLines rectangle = {"rectangle.left = -2147483647", "rectangle.top = 1", "rectangle.right = 2147483647",
+                              "rectangle.bottom = 3"};
+  const auto expected = [&](const std::string& extents) {
+    return "hWnd = " + Text(window->strip) + "\n" + extents + Listed(rectangle);
+  };
+  EXPECT_EQ(LocalsOf(floor->errors.log), expected("width = 7\nheight = 8\n"));
+  AskForADump(floor->errors);
+  EXPECT_FALSE(painter->NeedRepaint(window->top, window->strip)) << "extents that can't be told are none";
+  EXPECT_EQ(LocalsOf(floor->errors.log), expected("width = 0\nheight = 0\n"));
   platform::current.windows = former;
-  EXPECT_EQ(LocalsOf(floor->errors.log),
-            Listed({"hWnd = " + Text(window->strip), "width = 7", "height = 8", "rectangle.left = -2147483647",
-                    "rectangle.top = 1", "rectangle.right = 2147483647", "rectangle.bottom = 3"}));
   TakeErrors();
+}
+
+TEST_F(DumpOfPainter, OfAPictureWhoseOffsetLeavesTheCoordinates_ShowsThatThereIsNone) {
+  Initialize();
+  const Long picture = floor->MakeContext(2, 4, kRed);
+  painter->PaintIconImpl(picture, 1, 3, -32768, 8, 2, 4, Frame(), false);
+  EXPECT_EQ(LocalsOf(floor->errors.log), Listed({"deltaX = 0", "deltaY = 0", "destWidth = -32768", "destHeight = 8",
+                                                 "srcWidth = 2", "srcHeight = 4"}));
+  TakeErrors();
+  floor->DeleteContext(picture);
 }
 
 class DumpOfRaster : public DrawingTest {
@@ -158,6 +174,25 @@ TEST_F(DumpOfRaster, OfAMask_ShowsItsHandles) {
     ASSERT_NE(at, std::string::npos) << locals;
     EXPECT_NE(locals[at + std::string(name).size() + 3], '0') << locals;
   }
+  TakeErrors();
+}
+
+TEST_F(DumpOfRaster, OfAMaskOfNothing_ShowsThatNothingIsDone) {
+  AskForADump(floor->errors);
+  utilities->CreateIPictureDispMask(nullptr);
+  EXPECT_EQ(LocalsOf(floor->errors.log), Listed({"picture = no picture", "pixWidth = 0", "pixHeight = 0", "srcDC = 0",
+                                                 "oldSrcHandle = 0", "dstDC = 0", "oldDstHandle = 0"}));
+  TakeErrors();
+}
+
+TEST_F(DumpOfRaster, OfAFaceOnMenuColourForWhichThereIsNoMemory_ShowsThatNothingIsDone) {
+  const Picture picture = floor->MakePicture(2, 2, kRed);
+  AskForADump(floor->errors);
+  FailNextAllocationOf(sizeof(IPictureDispUtilities));
+  ToolbarUtilities::ReplaceBackgroundWithMenuColor(picture);
+  FailNextAllocationOf(0);
+  EXPECT_EQ(LocalsOf(floor->errors.log), Listed({"src = picture", "utilities = Nothing", "srcDC = 0", "dstDC = 0",
+                                                 "width = 0", "height = 0", "bitmap = 0", "oldHandle = 0"}));
   TakeErrors();
 }
 
