@@ -3,6 +3,7 @@
 #include "tests/ads/ad_fixture.h"
 #include "tests/foundation/error_component.h"
 #include "tests/support/allocations.h"
+#include "tests/support/variables.h"
 
 namespace strandline {
 namespace {
@@ -331,10 +332,13 @@ TEST_F(AdvertisementTest, BackBuffer_MadeAgain_LetsGoOfTheFormerSurface) {
 TEST_F(AdvertisementTest, ItsEnd_FreesTheSurfaceAndIsLogged) {
   struct Heard final : LogObserver {
     void OnLog(TextView message, Long level) override {
+      const VariableSnapshot variables = VariableSnapshot::Of(*ending);
       lines.push_back(std::to_string(level) + " " + ToUtf8(message) + ", contexts " +
-                      std::to_string(floor->Contexts()));
+                      std::to_string(floor->Contexts()) + ", its own " + std::to_string(variables.Number(u"mHdc")) +
+                      " with " + std::to_string(variables.Number(u"mOldHandle")));
     }
     DrawingFloor* floor = nullptr;
+    const Advertisement* ending = nullptr;
     Lines lines;
   } heard;
   heard.floor = floor.get();
@@ -342,10 +346,12 @@ TEST_F(AdvertisementTest, ItsEnd_FreesTheSurfaceAndIsLogged) {
   const int contexts = floor->Contexts();
   ASSERT_TRUE(Initialize(u""));
   ad->InitBackBuffer(background, 0, 0, 5, 4);
+  heard.ending = ad.get();
   floor->library.SetLogObserver(&heard);
   ad = nullptr;
   floor->library.SetLogObserver(nullptr);
-  EXPECT_EQ(heard.lines, Lines{"0 Advertisement Terminated, contexts " + std::to_string(contexts)});
+  EXPECT_EQ(heard.lines,
+            Lines{"0 Advertisement Terminated, contexts " + std::to_string(contexts) + ", its own 0 with 0"});
 }
 
 TEST_F(AdvertisementTest, WithoutAPicture_TheErrorIsItsOwn) {

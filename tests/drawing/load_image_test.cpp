@@ -120,6 +120,12 @@ TEST_F(LoadImageTest, AModulesResource_IsReadAndLetGo) {
   EXPECT_EQ(Listed(names), Listed({"FindResourceA", "LoadResource", "LockResource", "SizeofResource", "FreeResource"}));
 }
 
+TEST_F(LoadImageTest, AModulesResourceOfOneByte_IsReadToo) {
+  Array<Byte> bytes;
+  LoadResDataFromModule(ModuleWith(500, u"CUSTOM", {7}), 500, bytes);
+  EXPECT_EQ(bytes.Elements(), std::vector<Byte>{7});
+}
+
 TEST_F(LoadImageTest, AModulesResourceThatCannotBeRead_LeavesTheArrayAsItWas) {
   const Long module = ModuleWith(500, u"CUSTOM", {1, 2, 3});
   const Array<Byte> before(4, 6);
