@@ -1,10 +1,13 @@
 #include "platform/convert.h"
 
 #include <algorithm>
-#include <charconv>
 #include <cmath>
+#include <cstdio>
+#include <cstdlib>
 #include <limits>
 #include <optional>
+#include <string>
+#include <string_view>
 
 #include "platform/error.h"
 
@@ -30,99 +33,104 @@ TextView Trimmed(TextView text) {
   return text;
 }
 
-// The host may have set a locale of its own, which strtod and printf would follow; the functions of <charconv> don't.
+// The host may have set a locale of its own, whose decimal separator strtod and snprintf follow. So strtod is given
+// whole digits with a power of ten, and of what snprintf writes the digits alone are taken. The functions of <charconv>
+// would do without that, but their tables cost the library 300 KB.
 
-// Reads one number in the grammar told in the header and writes it as std::from_chars reads it.
+// Reads one number in the grammar told in the header and writes it as digits and a power of ten.
 class NumberReader {
  public:
   explicit NumberReader(TextView text) : mText(text) {}
 
   bool Read() {
-    TakeSign();
-    while (!AtEnd() && (IsDigit(Here()) || (Here() == u',' && mDot == 0))) TakeDigit();
+    if (TakeSign()) mDigits += '-';
+    while (!AtEnd() && (IsDigit(Here()) || Here() == u',')) TakeDigit();
     if (At(u'.')) {
-      ++mDot;
-      Take();
-      while (!AtEnd() && IsDigit(Here())) TakeDigit();
-    }
-    if (mDigits == 0) return false;
-    if (At(u'e') || At(u'E') || At(u'd') || At(u'D')) {
-      mPlain += 'e';
       ++mAt;
-      TakeSign();
-      mDigits = 0;
-      while (!AtEnd() && IsDigit(Here())) TakeDigit();
-      if (mDigits == 0) return false;
+      while (!AtEnd() && IsDigit(Here())) {
+        TakeDigit();
+        --mPower;
+      }
+    }
+    if (mCount == 0) return false;
+    if (At(u'e') || At(u'E') || At(u'd') || At(u'D')) {
+      ++mAt;
+      if (!ReadPower()) return false;
     }
     return AtEnd();
   }
-  const std::string& Plain() const { return mPlain; }
+  std::string Plain() const { return mDigits + 'e' + std::to_string(mPower); }
 
  private:
+  // No number has so many digits that a power beyond this changes anything but its being 0 or infinite.
+  static constexpr std::int64_t kLargestPower = std::int64_t{1} << 40;
+
   bool AtEnd() const { return mAt == mText.size(); }
   char16_t Here() const { return mText[mAt]; }
   bool At(char16_t c) const { return !AtEnd() && Here() == c; }
-  // A plus is what a number has without a sign.
-  void TakeSign() {
-    if (At(u'+')) {
-      ++mAt;
-    } else if (At(u'-')) {
-      Take();
-    }
+  // Whether it is a minus.
+  bool TakeSign() {
+    const bool isMinus = At(u'-');
+    if (isMinus || At(u'+')) ++mAt;
+    return isMinus;
   }
-  void Take() { mPlain += static_cast<char>(mText[mAt++]); }
   void TakeDigit() {
-    if (Here() == u',') {
-      ++mAt;
-      return;
-    }
-    ++mDigits;
-    Take();
+    const char16_t c = mText[mAt++];
+    if (c == u',') return;
+    ++mCount;
+    mDigits += static_cast<char>(c);
+  }
+  bool ReadPower() {
+    const bool isMinus = TakeSign();
+    if (AtEnd()) return false;
+    std::int64_t power = 0;
+    for (; !AtEnd() && IsDigit(Here()); ++mAt) power = std::min(power * 10 + (Here() - u'0'), kLargestPower);
+    mPower += isMinus ? -power : power;
+    return true;
   }
 
   TextView mText;
   std::size_t mAt = 0;
-  int mDigits = 0;
-  int mDot = 0;
-  std::string mPlain;
+  std::size_t mCount = 0;
+  std::int64_t mPower = 0;
+  std::string mDigits;
 };
-
-// The power of ten of a number's first digit that isn't 0, or one with its sign where the exponent has too many digits.
-std::int64_t Magnitude(std::string_view plain) {
-  const std::size_t exponentAt = std::min(plain.find('e'), plain.size());
-  const std::string_view digits = plain.substr(0, exponentAt);
-  const std::size_t first = std::min(digits.find_first_of("123456789"), digits.size());
-  const std::size_t dot = std::min(digits.find('.'), digits.size());
-  const std::int64_t power = static_cast<std::int64_t>(dot) - static_cast<std::int64_t>(first);
-  if (exponentAt == plain.size()) return power;
-  constexpr std::int64_t kBeyondAll = std::int64_t{1} << 40;
-  const std::string_view exponent = plain.substr(exponentAt + 1);
-  std::int64_t shift = 0;
-  const auto read = std::from_chars(exponent.data(), exponent.data() + exponent.size(), shift);
-  if (read.ec == std::errc::result_out_of_range) return exponent.front() == '-' ? -kBeyondAll : kBeyondAll;
-  return power + std::clamp(shift, -kBeyondAll, kBeyondAll);
-}
 
 // Infinite where it is beyond all numbers, 0 where it is nearer to it than any.
 std::optional<Double> NumberIn(TextView text) {
   while (text.ends_with(u'\0')) text.remove_suffix(1);
   NumberReader reader(Trimmed(text));
   if (!reader.Read()) return {};
-  const std::string& plain = reader.Plain();
-  Double value = 0;
-  if (std::from_chars(plain.data(), plain.data() + plain.size(), value).ec == std::errc::result_out_of_range) {
-    value = Magnitude(plain) > 0 ? std::numeric_limits<Double>::infinity() : 0;
-  }
-  return value;
+  return std::strtod(reader.Plain().c_str(), nullptr);
 }
 
+// At most so many digits, without zeros at the end; a power of ten where the number is below 0.0001 or has more digits
+// before its point.
 String ShortestText(Double value, int mostDigits) {
-  char buffer[40];
-  const char* const end =
-      std::to_chars(buffer, buffer + sizeof buffer, value, std::chars_format::general, mostDigits).ptr;
-  std::u16string text;
-  for (const char* c = buffer; c != end; ++c) text += UpperCase(static_cast<char16_t>(*c));
-  return text;
+  if (!std::isfinite(value)) return std::isnan(value) ? u"NAN" : value > 0 ? u"INF" : u"-INF";
+  char written[40];
+  std::snprintf(written, sizeof written, "%.*e", mostDigits - 1, std::abs(value));
+  const std::string_view whole = written;
+  const std::size_t powerAt = whole.find('e');
+  const int power = std::atoi(written + powerAt + 1);
+  std::u16string digits;
+  for (const char c : whole.substr(0, powerAt)) {
+    if (c >= '0' && c <= '9') digits += static_cast<char16_t>(c);
+  }
+  while (digits.size() > 1 && digits.back() == u'0') digits.pop_back();
+
+  std::u16string text = std::signbit(value) ? u"-" : u"";
+  if (power < -4 || power >= mostDigits) {
+    text += digits[0];
+    if (digits.size() > 1) text += u'.' + digits.substr(1);
+    text += power < 0 ? u"E-" : u"E+";
+    if (std::abs(power) < 10) text += u'0';
+    return text + std::u16string(DecimalText(std::abs(power)).View());
+  }
+  if (power < 0) return text + u"0." + std::u16string(static_cast<std::size_t>(-power - 1), u'0') + digits;
+  const auto before = static_cast<std::size_t>(power) + 1;
+  if (digits.size() <= before) return text + digits + std::u16string(before - digits.size(), u'0');
+  return text + digits.substr(0, before) + u'.' + digits.substr(before);
 }
 
 }  // namespace
