@@ -23,6 +23,9 @@ std::uint64_t Packed(Integer previousIndex, Integer currentIndex, Single percent
          std::uint64_t{static_cast<std::uint16_t>(currentIndex)} << 32 | std::bit_cast<std::uint32_t>(percentage);
 }
 
+// As text: a dictionary may compare numbers as floats, and take the handles of two contexts for one.
+String KeyOf(Long hdc) { return DecimalText(hdc); }
+
 void FreeContext(Long hdc, Long oldHandle) {
   Graphics& graphics = platform::Graphics();
   graphics.DeleteObject(graphics.SelectObject(hdc, oldHandle));
@@ -52,13 +55,13 @@ void AlphaBlender::AlphaBlend(Long& targetHdc, Integer& previousIndex, Integer& 
     const Long made = blendHdc;  // the component may put another context in its place
     const Long oldHandle = graphics.SelectObject(blendHdc, graphics.CreateCompatibleBitmap(targetHdc, mWidth, mHeight));
     try {
-      Required(mOldHandles).Add(blendHdc, oldHandle);
+      Required(mOldHandles).Add(KeyOf(blendHdc), oldHandle);
       const Long previousHdc = Required(AdFactory().Advertisement(previousIndex)).hdc();
       const Long currentHdc = Required(AdFactory().Advertisement(currentIndex)).hdc();
       mAlphaBlender.Call("AlphaBlend", Variant::ByRef(blendHdc), Integer{0}, Integer{0}, previousHdc, currentHdc,
                          Variant::ByRef(percentage));
     } catch (...) {
-      if (mOldHandles && mOldHandles->Exists(made)) mOldHandles->Remove(made);
+      if (mOldHandles && mOldHandles->Exists(KeyOf(made))) mOldHandles->Remove(KeyOf(made));
       FreeContext(made, oldHandle);
       throw;
     }
@@ -100,8 +103,8 @@ void AlphaBlender::Terminated() {
   STEP(count = Required(mCache).Count());
   for (i = 0; i < count; ++i) {
     STEP(handle = Required(mCache).ItemAt(i).ToLong());
-    STEP(FreeContext(handle, Required(mOldHandles).Item(handle).ToLong()));
-    STEP(Required(mOldHandles).Remove(handle));
+    STEP(FreeContext(handle, Required(mOldHandles).Item(KeyOf(handle)).ToLong()));
+    STEP(Required(mOldHandles).Remove(KeyOf(handle)));
   }
   // What is left are blends that the cache couldn't take.
   STEP(count = Required(mOldHandles).Count());
