@@ -1,5 +1,7 @@
 #include "wordaccess/CommonWordInteractionFunctions.h"
 
+#include <algorithm>
+
 #include "platform/convert.h"
 
 namespace strandline::CommonWordInteractionFunctions {
@@ -78,7 +80,7 @@ Integer WordVersion() {
   dot = FindText(version, u".");
   comma = FindText(version, u",");
   // Where both separators stand in the text, the later one counts.
-  separator = dot < comma ? comma : dot;
+  separator = std::max(dot, comma);
   if (separator > 1) STEP(version = String(version.View().substr(0, static_cast<std::size_t>(separator - 1))));
   STEP(here.result = RoundToInteger(NumberFromText(version)));
   return here.Leave();

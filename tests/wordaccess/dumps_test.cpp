@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "tests/foundation/error_component.h"
+#include "tests/support/allocations.h"
 #include "tests/wordaccess/word_access_fixture.h"
 
 namespace strandline {
@@ -40,18 +41,45 @@ class WordAccessDumps : public WordAccessTest {
     return Block(lines);
   }
 
+  ErrorScript mScript;
+
  private:
   static std::string Banner(const std::string& title) {
     return "vbwReportToFile('|**************************|* " + title + "*|**************************|')";
   }
-
-  ErrorScript mScript;
 };
 
 TEST_F(WordAccessDumps, OfTheVersion_TellsWhereTheSeparatorsStand) {
   BeginWithDump(u"abc.1,2");
   EXPECT_EQ(CommonWordInteractionFunctions::WordVersion(), 0);
   EXPECT_EQ(Dump(), Whole({"'version', 'abc.1'", "'dot', 4", "'comma', 6", "'separator', 6"}, {"'mWord', object"}));
+}
+
+TEST_F(WordAccessDumps, OfTheVersionThatCannotBeRead_TellsNothingYet) {
+  BeginWithDump();
+  CommonWordInteractionFunctions::Terminate();
+  EXPECT_EQ(CommonWordInteractionFunctions::WordVersion(), 0);
+  EXPECT_EQ(Dump(), Whole({"'version', ''", "'dot', 0", "'comma', 0", "'separator', 0"}, {"'mWord', Nothing"}));
+}
+
+// Who looks for the window hands in whether it was found in Outlook: not yet.
+TEST_F(WordAccessDumps, OfTheDocumentsWindow_TellsThatOutlookIsNotFoundYet) {
+  void (*const callers[])() = {&CommonWordWindowFunctions::ActivateActiveDocumentWindow,
+                               [] { CommonWordWindowFunctions::ActiveDocumentHandle(); }};
+  for (void (*const call)() : callers) {
+    BeginWithDump();
+    Word().Faults().Arm("Documents", "Count");
+    call();
+    EXPECT_EQ(Dump(), Whole({"'inOutlook2000', False", "'name', ''"}, {}));
+  }
+}
+
+TEST_F(WordAccessDumps, OfADocumentThatDoesNotTellWhetherItIsSaved_HasNoAnswer) {
+  BeginWithDump();
+  const Object document = Ref<wordsim::Document>(&Word().Open(u"One.doc"));
+  Word().Faults().Arm("document One.doc", "Saved");
+  EXPECT_FALSE(CommonWordWindowFunctions::CancelCloseDueToSave(document));
+  EXPECT_EQ(Dump(), Whole({"'doc', object", "'answer', 0"}, {}));
 }
 
 TEST_F(WordAccessDumps, OfTheSavePrompt_TellsTheAnswer) {
@@ -76,6 +104,20 @@ TEST_F(WordAccessDumps, OfTheFormattersDiscovery_TellsHowFarItCame) {
                   {"'mFormatDisplayNames', [0 'AMA' 'APA' '' '']", "'mCurrentFormatter', ''",
                    "'mDisplayToClassNames', object", "'mFormatMetaData', object", "'mFormatters', object",
                    "'mProperties', object"}));
+}
+
+// The list of class names is never sized, so its bounds raise.
+TEST_F(WordAccessDumps, OfTheFormattersDiscoveryWithoutMemoryForTheNames_TellsThatItDidNotBegin) {
+  BeginWithDump();
+  mScript.Answer({Long{0}, Long{8}});
+  FailNextAllocationOf(4 * sizeof(String));
+  CommonPropertyFunctions::initializeDisplayToClassNames();
+  FailNextAllocationOf(0);
+  EXPECT_EQ(Dump(),
+            Whole({"'classNames', [unsized]", "'formatter', Nothing", "'metaData', Nothing", "'displayName', ''",
+                   "'upper', -1", "'index', 0"},
+                  {"'mFormatDisplayNames', [unsized]", "'mCurrentFormatter', ''", "'mDisplayToClassNames', object",
+                   "'mFormatMetaData', object", "'mFormatters', object", "'mProperties', object"}));
 }
 
 }  // namespace

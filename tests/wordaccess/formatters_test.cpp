@@ -1,5 +1,6 @@
 // The citation formatters: discovery, and what follows from it for the active document.
 
+#include "tests/foundation/told.h"
 #include "tests/support/scripted_object.h"
 #include "tests/support/variables.h"
 #include "tests/wordaccess/word_access_fixture.h"
@@ -229,6 +230,25 @@ TEST_F(Formatters, MetaDataWithoutAName_IsThatOfTheActiveStyle) {
   EXPECT_EQ(name, u"MLA") << "the caller's variable too";
   EXPECT_EQ(data.Get("Item", u"displayName").ToText(), u"MLA");
   EXPECT_EQ(defaultOutputType(String()), u"citation");
+}
+
+// The name is found before the metadata are asked for, so that these are asked for by name.
+TEST_F(Formatters, DefaultOutputTypeWithoutAName_AsksForTheActiveStyleFirst) {
+  WorldOptions options = ForWord(u"11.0");
+  options.commandLine = u"/trace";
+  Begin(options);
+  initializeDisplayToClassNames();
+  ToldProcedures told;
+  EXPECT_EQ(defaultOutputType(String()), u"citation");
+  std::erase_if(told.calls, [](const std::string& call) {
+    return !call.starts_with("CommonPropertyFunctions.formatType") &&
+           !call.starts_with("CommonPropertyFunctions.formatMetaData") &&
+           !call.starts_with("CommonPropertyFunctions.defaultOutputType");
+  });
+  ASSERT_GE(told.calls.size(), 3u);
+  EXPECT_EQ(told.calls[0], "CommonPropertyFunctions.defaultOutputType(formatType='')");
+  EXPECT_EQ(told.calls[1], "CommonPropertyFunctions.formatType()");
+  EXPECT_EQ(told.calls.back(), "CommonPropertyFunctions.formatMetaData(displayName='APA')");
 }
 
 TEST_F(Formatters, MetaDataOfAnUnknownName_IsAnError) {

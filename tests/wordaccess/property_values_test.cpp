@@ -242,6 +242,44 @@ TEST_F(PropertyValues, DuplicateVariable_CostsItsStepAlone) {
   EXPECT_TRUE(Did().Errors().empty());
 }
 
+// A document with the variable A, behind which the walk breaks off.
+class DocumentThatBreaksOff final : public Dispatch {
+ public:
+  explicit DocumentThatBreaksOff(int& reads) : mReads(reads) {}
+  Variant Invoke(Use, Name, const Arguments&) override { return Object(Ref<Dispatch>(this)); }
+  Long Identity() const override { return 78; }
+  Ref<Enumerator> Elements() override { return New<Variables>(mReads); }
+
+ private:
+  class Variables final : public Enumerator {
+   public:
+    explicit Variables(int& reads) : mReads(reads) {}
+    bool Next(Variant& element) override {
+      if (mIsGiven) Raise(1000);
+      mIsGiven = true;
+      element = Object(New<ScriptedObject>([&reads = mReads](Use, Name member, const Arguments&) -> Variant {
+        ++reads;
+        return member == Name("name") ? Variant(u"A") : Variant(u"1");
+      }));
+      return true;
+    }
+
+   private:
+    int& mReads;
+    bool mIsGiven = false;
+  };
+  int& mReads;
+};
+
+TEST_F(PropertyValues, WalkThatBreaksOff_EndsWithTheVariablesReadOnce) {
+  Open(u"One.doc");
+  int reads = 0;
+  Object document = New<DocumentThatBreaksOff>(reads);
+  EXPECT_EQ(DocumentValue(u"A", document), u"1");
+  EXPECT_EQ(reads, 2) << "the name and the value";
+  EXPECT_TRUE(Did().Errors().empty());
+}
+
 TEST_F(PropertyValues, FailingStore_ReachesTheCallersTail) {
   const struct {
     const char* member;
