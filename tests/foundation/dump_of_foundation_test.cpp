@@ -1,5 +1,7 @@
 // The whole dumps of this folder's own procedures.
 
+#include <regex>
+
 #include "foundation/CommonLogger.h"
 #include "foundation/LanguageExtensions.h"
 #include "foundation/SleepReplacement.h"
@@ -13,6 +15,12 @@ namespace {
 
 const std::string kGlobals =
     "[GLOBAL]\nvbwProtector.vbwTraceProc = True\nvbwProtector.vbwTraceParameters = False\nApp\nErr\nScreen\n";
+
+// The variables of the procedure alone.
+std::string LocalsIn(const std::string& dump) {
+  const std::size_t begin = dump.find('\n') + 1;
+  return dump.substr(begin, dump.find("[MODULE]") - begin);
+}
 
 class DumpOfFoundation : public FoundationTest {
  protected:
@@ -129,6 +137,103 @@ TEST_F(DumpOfFoundation, ErrorHandlerItself_ListsEightVariables) {
                         key),
             std::string::npos);
   EXPECT_EQ(script.Asked(), (LogLines{"1000 vbwProtector.vbwErrorHandler", "-1 vbwProtector.vbwErrorHandler"}));
+}
+
+// What fails at a procedure's first statement shows its variables with their first values.
+TEST_F(DumpOfFoundation, AtTheFirstStatement_ShowsTheFirstValues) {
+  class NothingWorks final : public ForwardingWindows {
+   public:
+    using ForwardingWindows::ForwardingWindows;
+    void DoEventsUntilNext() override { Raise(1000); }
+    Long GetMessageA(Message&) override { Raise(1000); }
+  };
+  class NoRunTime final : public ForwardingRunTime {
+   public:
+    using ForwardingRunTime::ForwardingRunTime;
+    Date Now() override { Raise(1000); }
+    String CommandLine() override { Raise(1000); }
+  };
+  NothingWorks windows(desk.Windows());
+  NoRunTime runTime(desk.RunTime());
+  platform::current.windows = &windows;
+  platform::current.runTime = &runTime;
+  const struct {
+    void (*call)();
+    const char* locals;
+  } cases[] = {
+      {[] { LanguageExtensions::RandomNumber(1, 6); }, "Lower = 1\nUpper = 6\nrandom = 0\nspan = 0\n"},
+      {[] {
+         SleepReplacement::variables.mMessageLoop = New<MessageLoop>();
+         SleepReplacement::Wait(50, 7);
+         SleepReplacement::variables.mMessageLoop = nullptr;
+       },
+       "timeInMs = 50\nhwnd = 7\nid = 0\n"},
+      {[] { New<MessageLoop>()->EnterBlockingLoop(); },
+       "message.hwnd = 0\nmessage.message = 0\nmessage.wParam = 0\nmessage.lParam = 0\nmessage.time = 0\n"
+       "message.pt.x = 0\nmessage.pt.y = 0\n"},
+      {[] { vbwProtector::vbwInitializeProtector(); }, "trace = False\n"},
+  };
+  for (const auto& [call, locals] : cases) {
+    script.log.clear();
+    script.Answer({Long{8}});
+    call();
+    EXPECT_EQ(LocalsIn(Dump()), locals);
+  }
+}
+
+TEST_F(ClipboardClassTest, DumpAtTheFirstFailure_ShowsTheFirstValues) {
+  class NoClipboard final : public ForwardingClipboard {
+   public:
+    using ForwardingClipboard::ForwardingClipboard;
+    Long RegisterClipboardFormatA(const String&) override { Raise(1000); }
+    Long EnumClipboardFormats(Long) override { Raise(1000); }
+    Long OpenClipboard(Long hwnd) override { return cannotOpen ? Raise(1000), 0 : mTarget.OpenClipboard(hwnd); }
+    Long DragQueryFileA(Long, Long, Long, String&) override { Raise(1000); }
+    String GetText(Long) override { Raise(1000); }
+    bool cannotOpen = false;
+  };
+  class NoSizes final : public ForwardingPictures {
+   public:
+    using ForwardingPictures::ForwardingPictures;
+    Long GlobalSize(Long) override { Raise(1000); }
+  };
+  NoClipboard services(desk.Clipboard());
+  NoSizes pictures(desk.Pictures());
+  platform::current.clipboard = &services;
+  platform::current.pictures = &pictures;
+  Put(kRichTextId, "former");
+  Put(clipboardformat::kDropList, std::string(22, '\0'));
+  String text;
+  Array<Byte> bytes;
+  Array<String> files;
+  Long richText = cCustomClipboard::kRichText;
+  Long plain = clipboardformat::kText;
+  Long count = 5;
+  // A handle's number is the desk's business.
+  const auto local = [&](bool open, auto&& use) {
+    if (open) Open();
+    script.log.clear();
+    script.Answer({Long{8}});
+    use();
+    clipboard->ClipboardClose(true);
+    return std::regex_replace(LocalsIn(DumpText(script.log)), std::regex("(hDrop|hMem) = [1-9][0-9]*"), "$1 = handle");
+  };
+  EXPECT_EQ(local(false, [&] { clipboard->AddFormat(u"Any"); }), "sName = 'Any'\nlId = 0\n");
+  EXPECT_EQ(local(false, [&] { clipboard->GetCurrentFormats(0); }), "hwndOwner = 0\nlFormatId = 0\n");
+  EXPECT_EQ(local(false, [&] { clipboard->SetBinaryData(richText, BytesOf("a")); }),
+            "lFormatId = 49153\nbData = [0 97]\nlSize = 0\nhMem = 0\n");
+  EXPECT_EQ(local(false, [&] { clipboard->GetTextData(text, plain); }),
+            "sTextOut = ''\nlFormatId = 1\nbData = [unsized]\ni = 0\nj = 0\nlHwndCache = 0\nlast = -1\nbyte = 0\n");
+  EXPECT_EQ(local(true, [&] { clipboard->GetFileList(files, count); }),
+            "sFiles = [unsized]\niFileCount = 0\nlFormatId = 15\nhDrop = handle\ni = 0\n");
+  richText = cCustomClipboard::kRichText;
+  EXPECT_EQ(local(true, [&] { clipboard->GetBinaryData(richText, bytes); }),
+            "lFormatId = 49153\nbData = [unsized]\nhMem = handle\nlSize = 0\n");
+  services.cannotOpen = true;
+  EXPECT_EQ(local(false, [&] { clipboard->ClipboardOpen(7, false); }),
+            "hwndOwner = 7\nforceOpen = False\nlResult = 0\n");
+  platform::current.clipboard = &desk.Clipboard();
+  platform::current.pictures = &desk.Pictures();
 }
 
 // The one procedure whose text is read in place, byte by byte.

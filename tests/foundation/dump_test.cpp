@@ -262,6 +262,12 @@ TEST_F(Dump, OfTheProtectorsOwnProcedure_ReportsItsModule) {
   EXPECT_EQ(inner[14], kGlobalBanner);
 }
 
+std::string Repeated(const std::string& text, int times) {
+  std::string all;
+  for (int i = 0; i < times; ++i) all += text;
+  return all;
+}
+
 class NamelessObject final : public RefCounted {};
 
 TEST(DumpRecord, IsWrittenFieldByField) {
@@ -288,6 +294,19 @@ TEST(DumpRecord, IsWrittenFieldByField) {
   to.lines.pop_back();  // the reserved bytes
   EXPECT_EQ(to.lines, (LogLines{"ps.hdc=8", "ps.fErase=0", "ps.rcPaint.left=1", "ps.rcPaint.top=2",
                                 "ps.rcPaint.right=3", "ps.rcPaint.bottom=4", "ps.fRestore=0", "ps.fIncUpdate=0"}));
+}
+
+TEST(DumpRecord, WithoutValues_IsAllZeros) {
+  ToldVariables to;
+  to.Tell(u"r", Rect{});
+  to.Tell(u"m", Message{});
+  to.Tell(u"ps", PaintStruct{});
+  to.Tell(u"desc", PictDesc{});
+  to.Tell(u"iid", Guid{});
+  std::erase_if(to.lines, [](const std::string& line) { return line.ends_with("=0"); });
+  EXPECT_EQ(Lines(to.lines), "ps.rgbReserved=[0" + Repeated(" 0", 32) + "]\niid.Data4=[0 0 0 0 0 0 0 0 0]\n");
+  EXPECT_EQ(Date{}.days, 0);
+  EXPECT_EQ(Point{}, (Point{0, 0}));
 }
 
 TEST(DumpRecord, ArraysAndObjectsAreOneLineEach) {

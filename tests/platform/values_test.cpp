@@ -12,6 +12,7 @@
 #include "platform/array.h"
 #include "platform/convert.h"
 #include "platform/text.h"
+#include "tests/support/allocations.h"
 #include "tests/support/raised.h"
 
 namespace strandline {
@@ -240,6 +241,8 @@ TEST(Text, Find_TellsThePositionWithoutRegardToCase) {
     Long position;
   } cases[] = {{u"winword /TRACE", u"/trace", 9},
                {u"abc", u"A", 1},
+               {u"abc", u"", 1},
+               {u"", u"", 0},
                {u"abcabc", u"BC", 2},
                {u"abc", u"abcd", 0},
                {u"abc", u"d", 0},
@@ -269,7 +272,17 @@ TEST(Text, Utf8_GoesThereAndBack) {
                {u"\U0001F600", "\xF0\x9F\x98\x80"},
                {u"\U0010FFFF", "\xF4\x8F\xBF\xBF"},
                {TextView(u"a\0b", 3), std::string_view("a\0b", 3)},
-               {u"x\U00010000y", "x\xF0\x90\x80\x80y"}};
+               {u"x\U00010000y", "x\xF0\x90\x80\x80y"},
+               // The first and the last of each length, and the neighbours of the surrogates.
+               {u"\x7F", "\x7F"},
+               {u"\x80", "\xC2\x80"},
+               {u"\u07FF", "\xDF\xBF"},
+               {u"\u0800", "\xE0\xA0\x80"},
+               {u"\uD7FF", "\xED\x9F\xBF"},
+               {u"\uE000", "\xEE\x80\x80"},
+               {u"\uFFFF", "\xEF\xBF\xBF"},
+               {u"\U000103FF", "\xF0\x90\x8F\xBF"},
+               {u"\U00010400", "\xF0\x90\x90\x80"}};
   for (const auto& [text, utf8] : cases) {
     EXPECT_EQ(ToUtf8(text), utf8);
     EXPECT_EQ(FromUtf8(utf8), text) << utf8;
@@ -290,6 +303,51 @@ TEST(Text, MalformedText_BecomesReplacementCharacters) {
     EXPECT_EQ(text.View().back(), u'x') << bad;
   }
   EXPECT_EQ(FromUtf8("a\xC3"), u"a\uFFFD");
+  // A malformed byte is replaced, and what follows it is read anew.
+  const struct {
+    std::string_view utf8;
+    const char16_t* text;
+  } cases[] = {{"\xF5\x80\x80\x80", u"\uFFFD\uFFFD\uFFFD\uFFFD"},
+               {"\xF5\x80\x80", u"\uFFFD\uFFFD\uFFFD"},
+               {"\xC1\xBF", u"\uFFFD\uFFFD"},
+               {"\xE0\x9F\xBF", u"\uFFFD\uFFFD\uFFFD"},
+               {"\xF0\x8F\xBF\xBF", u"\uFFFD\uFFFD\uFFFD\uFFFD"},
+               {"\xED\xA0\x80", u"\uFFFD\uFFFD\uFFFD"},
+               {"\xED\xBF\xBF", u"\uFFFD\uFFFD\uFFFD"},
+               {"\xC3\xC3\xA9", u"\uFFFD\u00E9"},
+               {"\xE2\x82\xE2\x82\xAC", u"\uFFFD\uFFFD\u20AC"}};
+  for (const auto& [utf8, text] : cases) EXPECT_EQ(FromUtf8(utf8), text) << utf8;
+  // Surrogates that are no pair: of one kind, in the wrong order, at the end.
+  const char16_t twoHigh[] = {0xDBFF, 0xD83D, 0xDE00, 0};
+  EXPECT_EQ(ToUtf8(twoHigh), "\xEF\xBF\xBD\xF0\x9F\x98\x80");
+  const char16_t lowFirst[] = {0xDFFF, 0xD800, 0};
+  EXPECT_EQ(ToUtf8(lowFirst), "\xEF\xBF\xBD\xEF\xBF\xBD");
+  const char16_t beforeOther[] = {0xD800, 0xE000, 0};
+  EXPECT_EQ(ToUtf8(beforeOther), "\xEF\xBF\xBD\xEE\x80\x80");
+}
+
+TEST(Text, Memory_IsTakenOnceForTheWholeAndGivenBack) {
+  const TextView piece = u"a piece that is longer than what a text holds in itself";
+  const std::u16string whole(1000, u'x');
+  const std::string narrow(1000, 'x');
+  const auto taken = [](auto&& work) {
+    const std::size_t before = AllocationsSoFar();
+    const std::size_t alive = AllocationsAlive();
+    work();
+    EXPECT_EQ(AllocationsAlive(), alive);
+    return AllocationsSoFar() - before;
+  };
+  const std::size_t ofOneText = taken([&] { const String text = whole; });
+  EXPECT_EQ(taken([&] {
+              const String text = whole;
+              const String other = text;
+              String third;
+              third = other;
+            }),
+            ofOneText);
+  EXPECT_EQ(taken([&] { Concat({piece, piece, piece, piece, piece}); }), ofOneText + 1);
+  EXPECT_EQ(taken([&] { FromUtf8(narrow); }), ofOneText + 1);
+  EXPECT_EQ(taken([&] { ToUtf8(whole); }), 1u);
 }
 
 TEST(ArrayOfValues, BoundsAreItsOwn) {

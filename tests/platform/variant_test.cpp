@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "platform/desk/desk.h"
+#include "tests/support/allocations.h"
 #include "tests/support/raised.h"
 
 namespace strandline {
@@ -185,6 +186,9 @@ TEST(VariantValue, Reference_IsWrittenInItsVariablesType) {
   EXPECT_EQ(small, 2);
   EXPECT_EQ(Raised([&] { Variant::ByRef(share).Assign(1e300); }), errors::kOverflow);
   EXPECT_EQ(share, 0.3F);
+  constexpr Single kMost = std::numeric_limits<Single>::max();
+  Variant::ByRef(share).Assign(Double{kMost});
+  EXPECT_EQ(share, kMost);
   EXPECT_EQ(Raised([&] { Variant::ByRef(object).Assign(Long{1}); }), errors::kTypeMismatch);
   EXPECT_EQ(Raised([&] { Variant(Long{1}).Assign(Long{2}); }), errors::kTypeMismatch);
   EXPECT_EQ(Raised([&] { Variant().Assign(Long{2}); }), errors::kTypeMismatch);
@@ -240,8 +244,8 @@ TEST(VariantValue, ArrayOfVariants_BecomesTheArrayThatIsWanted) {
   EXPECT_EQ(std::vector<bool>(asFlags.Elements().begin(), asFlags.Elements().end()),
             (std::vector<bool>{true, false, true, true}));
 
-  EXPECT_EQ(Variant(Elements(0, {Integer{255}, u"12", 2.5})).ToArray<Byte>().Elements(),
-            (std::vector<Byte>{255, 12, 2}));
+  EXPECT_EQ(Variant(Elements(0, {Integer{255}, u"12", 2.5, Long{0}})).ToArray<Byte>().Elements(),
+            (std::vector<Byte>{255, 12, 2, 0}));
   EXPECT_FALSE(Variant(Array<Variant>()).ToArray<Byte>().IsSized());
   EXPECT_EQ(Variant(Elements(3, {})).ToArray<String>().Upper(), 2);
 }
@@ -289,6 +293,42 @@ TEST(VariantValue, Equality_IsOfTypeAndValue) {
   EXPECT_TRUE(Variant(Missing()).IsMissing());
 }
 
+TEST(VariantValue, WhatItOwns_IsGivenBackOnceAndLeavesItEmpty) {
+  const std::size_t alive = AllocationsAlive();
+  const Variant values[] = {u"text",
+                            Object(New<Thing>()),
+                            Picture(New<PictureOfNothing>()),
+                            Array<Byte>(0, 3),
+                            Array<String>(0, 3),
+                            Array<Boolean>(0, 3),
+                            Array<Variant>(0, 3)};
+  const std::size_t made = AllocationsAlive();
+  for (const Variant& value : values) {
+    Variant copy = value;
+    Variant moved = std::move(copy);
+    EXPECT_TRUE(copy.IsEmpty());  // NOLINT(bugprone-use-after-move): what stays behind is what is asked
+    EXPECT_EQ(moved, value);
+    copy = moved;
+    moved = Long{1};
+    EXPECT_EQ(copy, value);
+  }
+  EXPECT_EQ(AllocationsAlive(), made);
+  EXPECT_GT(made, alive);
+}
+
+TEST(VariantValue, Objects_EndWithTheirLastHolder) {
+  const std::size_t alive = AllocationsAlive();
+  {
+    const Ref<Thing> one = New<Thing>();
+    Variant value = one;
+    const Object object = value.ToObject();
+    Ref<Thing> other = one;
+    other = nullptr;
+    EXPECT_GT(AllocationsAlive(), alive);
+  }
+  EXPECT_EQ(AllocationsAlive(), alive);
+}
+
 TEST(LateBound, Members_AreGotLetAndCalledByName) {
   const auto thing = New<Thing>();
   const Object object = thing;
@@ -333,6 +373,9 @@ TEST(LateBound, Names_AreTakenWithoutCase) {
   EXPECT_TRUE(Name("Item") == Name::FromText("ITEM"));
   EXPECT_FALSE(Name("Item") == Name("Items"));
   EXPECT_FALSE(Name("a[") == Name("a{"));
+  EXPECT_FALSE(Name("a@") == Name("a`"));
+  EXPECT_TRUE(Name("abcdefghijklmnopqrstuvwxyz") == Name::FromText("ABCDEFGHIJKLMNOPQRSTUVWXYZ"));
+  EXPECT_TRUE(Name::FromText("Item") == Name::FromText("iTEM"));
 }
 
 std::string Walked(const Object& collection) {
@@ -361,6 +404,10 @@ TEST(LateBound, WalkThatRaises_IsOver) {
   EXPECT_FALSE(walk.Next(element));
   EXPECT_TRUE(walk.First(New<Thing>(std::vector<Variant>{one, Variant(), one}), element));
   EXPECT_EQ(Raised([&] { walk.Next(element); }), 5);
+  EXPECT_FALSE(walk.Next(element));
+  // A walk that can't begin is over too, though another was under way.
+  EXPECT_TRUE(walk.First(New<Thing>(std::vector<Variant>{one, one}), element));
+  EXPECT_EQ(Raised([&] { walk.First(Object(), element); }), errors::kObjectNotSet);
   EXPECT_FALSE(walk.Next(element));
   // An element that is no object.
   EXPECT_TRUE(walk.First(New<Thing>(std::vector<Variant>{one, Long{1}, one}), element));

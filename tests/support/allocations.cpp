@@ -8,6 +8,7 @@ namespace {
 
 constexpr std::size_t kNoLimit = std::numeric_limits<std::size_t>::max();
 std::size_t allocations = 0;
+std::size_t returned = 0;
 std::size_t limit = kNoLimit;
 std::size_t failingSize = 0;
 
@@ -15,9 +16,17 @@ void* Allocated(std::size_t size) {
   ++allocations;
   if (failingSize != 0 && size == failingSize) {
     failingSize = 0;
+    ++returned;
     return nullptr;
   }
-  return size < limit ? std::malloc(size == 0 ? 1 : size) : nullptr;
+  void* const memory = size < limit ? std::malloc(size == 0 ? 1 : size) : nullptr;
+  returned += memory == nullptr;
+  return memory;
+}
+
+void GiveBack(void* memory) {
+  returned += memory != nullptr;
+  std::free(memory);
 }
 
 }  // namespace
@@ -27,13 +36,15 @@ void* operator new(std::size_t size) {
   throw std::bad_alloc();
 }
 void* operator new(std::size_t size, const std::nothrow_t&) noexcept { return Allocated(size); }
-void operator delete(void* memory, const std::nothrow_t&) noexcept { std::free(memory); }
-void operator delete(void* memory) noexcept { std::free(memory); }
-void operator delete(void* memory, std::size_t) noexcept { std::free(memory); }
+void operator delete(void* memory, const std::nothrow_t&) noexcept { GiveBack(memory); }
+void operator delete(void* memory) noexcept { GiveBack(memory); }
+void operator delete(void* memory, std::size_t) noexcept { GiveBack(memory); }
 
 namespace strandline {
 
 std::size_t AllocationsSoFar() { return allocations; }
+
+std::size_t AllocationsAlive() { return allocations - returned; }
 
 void FailNextAllocationOf(std::size_t size) { failingSize = size; }
 

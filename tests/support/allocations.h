@@ -7,6 +7,9 @@ namespace strandline {
 // How many times the program has taken memory with operator new so far.
 std::size_t AllocationsSoFar();
 
+// How many pieces of that memory it hasn't given back.
+std::size_t AllocationsAlive();
+
 // The next time the program takes exactly that many bytes with operator new, there are none to be had. 0: no failure.
 void FailNextAllocationOf(std::size_t size);
 
