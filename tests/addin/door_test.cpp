@@ -196,6 +196,7 @@ TEST_F(Door, NamedArgumentsThatDontFit_AreRefused) {
   const Object word = Word().Application();
   EXPECT_EQ(InvokeRaises("EnableGotoQuickBookmark", {}, {{"flag", true}}), errors::kNoSuchNamedArgument);
   EXPECT_EQ(InvokeRaises("EnableGotoQuickBookmark", {true}, {{"flag", true}}), errors::kNoSuchNamedArgument);
+  EXPECT_EQ(InvokeRaises("EnableGotoQuickBookmark", {true, true}, {{"flag", true}}), errors::kNoSuchNamedArgument);
   EXPECT_EQ(InvokeRaises("Quit", {}, {{"value", true}}), errors::kNoSuchNamedArgument);
   EXPECT_EQ(InvokeRaises("EnableGotoQuickBookmark", {true}, {{"value", true}}), errors::kWrongNumberOfArguments);
   EXPECT_EQ(InvokeRaises("EnableGotoQuickBookmark", {}, {{"value", true}, {"VALUE", true}}),

@@ -1,6 +1,7 @@
 // The clipboard as an object that may hold it open: who may do what when, its formats, its bytes and texts.
 
 #include "tests/foundation/clipboard_fixture.h"
+#include "tests/support/raised.h"
 
 namespace strandline {
 
@@ -27,7 +28,22 @@ namespace {
 
 using namespace clipboardformat;
 
+TEST_F(ClipboardClassTest, AsAnObject_ItHasAnIdentityAndNoMembers) {
+  const Object object = clipboard;
+  EXPECT_EQ(Raised([&] { object.Get("Count"); }), errors::kNoSuchMember);
+  EXPECT_EQ(object.Identity(), static_cast<Long>(reinterpret_cast<std::intptr_t>(object.Target()) & 0x7FFFFFFF));
+}
+
 // ---- Opening and closing.
+
+TEST_F(ClipboardClassTest, OpeningThatFails_ForgetsTheFormerOwner) {
+  Open();
+  ASSERT_NE(Report().find("m_hWnd=" + std::to_string(hwnd)), std::string::npos);
+  faults.Arm("OpenClipboard", 1);
+  EXPECT_TRUE(clipboard->ClipboardOpen(hwnd, false).IsEmpty());
+  EXPECT_NE(Report().find("m_hWnd=0"), std::string::npos);
+  desk.Clipboard().CloseClipboard();
+}
 
 TEST_F(ClipboardClassTest, Open_HoldsItForItsOwnerUntilItIsClosed) {
   const Variant opened = clipboard->ClipboardOpen(hwnd, false);
@@ -296,6 +312,7 @@ TEST_F(ClipboardClassTest, FormatsByName_AreLookedForOnTheClipboard) {
   Put(kText, "a");
   EXPECT_EQ(clipboard->FormatIDForName(hwnd, u"HTML Format"), kHtmlId);
   EXPECT_EQ(clipboard->FormatIDForName(hwnd, u"Text (OEM)"), kOemText);
+  EXPECT_EQ(clipboard->FormatIDForName(hwnd, u"Text Locale Identifier"), kLocale) << "the last one";
   EXPECT_EQ(clipboard->FormatIDForName(hwnd, u"html format"), 0);
   EXPECT_EQ(clipboard->FormatIDForName(hwnd, u"Rich Text Format"), 0);
   EXPECT_TRUE(clipboard->IsDataAvailableForFormatName(hwnd, u"Text"));

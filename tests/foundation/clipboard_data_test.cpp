@@ -221,6 +221,16 @@ TEST_F(ClipboardDataTest, Files_GoAndComeBack) {
   EXPECT_EQ(files(3), u"E:\\");
 }
 
+TEST_F(ClipboardDataTest, AListOfOneFile_ComesBack) {
+  Open();
+  EXPECT_TRUE(clipboard->SetFileList(Files({u"C:\\one.doc"})));
+  Array<String> files;
+  Long count = 0;
+  EXPECT_TRUE(clipboard->GetFileList(files, count));
+  EXPECT_EQ(count, 1);
+  EXPECT_EQ(files.Elements(), std::vector<String>{u"C:\\one.doc"});
+}
+
 TEST_F(ClipboardDataTest, Files_StandBehindTheirRecord) {
   Open();
   Array<String> files(0, 0);
@@ -334,6 +344,23 @@ TEST_F(ClipboardDataTest, AFailingService_MakesItsMemberFailAndLosesNothing) {
   EXPECT_EQ(script.Asked(), LogLines{"521 cCustomClipboard.GetTextData"}) << "the one that tells by an error";
 }
 
+TEST_F(ClipboardDataTest, MemoryThatIsNotToBeHad_IsNeitherLockedNorFreed) {
+  Open();
+  calls.clear();
+  faults.Arm("GlobalAlloc", 1);
+  EXPECT_FALSE(clipboard->SetBinaryData(richText, BytesOf("ab")));
+  EXPECT_EQ(calls, LogLines{"GlobalAlloc 8192 2"});
+}
+
+TEST_F(ClipboardDataTest, MemoryWithoutASize_GivesNoBytesAtAll) {
+  Put(kRichTextId, "former");
+  Open();
+  faults.Arm("GlobalSize", 1);
+  Array<Byte> bytes = BytesOf("new");
+  EXPECT_FALSE(clipboard->GetBinaryData(richText, bytes));
+  EXPECT_FALSE(bytes.IsSized());
+}
+
 TEST_F(ClipboardDataTest, ConversionThatGivesNoBytes_StoresAnEndedTextAllTheSame) {
   Open();
   faults.Arm("BytesFromText", 1);
@@ -368,12 +395,15 @@ TEST_F(ClipboardDataTest, AFileThatCantBeAskedFor_HasNoName) {
    public:
     using ForwardingClipboard::ForwardingClipboard;
     Long DragQueryFileA(Long drop, Long index, Long limit, String& name) override {
+      asked += index == 0;
       return index == 0 ? 0 : mTarget.DragQueryFileA(drop, index, limit, name);
     }
+    int asked = 0;
   } silent(desk.Clipboard());
   platform::current.clipboard = &silent;
   EXPECT_TRUE(clipboard->GetFileList(files, count));
   EXPECT_EQ(files(1), u"");
+  EXPECT_EQ(silent.asked, 1) << "for the length alone";
   EXPECT_EQ(files(2), u"D:");
   platform::current.clipboard = &desk.Clipboard();
 }

@@ -226,6 +226,7 @@ TEST_F(Deviations, LackOfMemory_IsAnErrorLikeAnyOther) {
     seen = {};
     EXPECT_EQ(RunningOutOfMemory(how), 1);
     EXPECT_EQ(seen.number, 7);
+    EXPECT_EQ(ToUtf8(seen.description), "Out of memory");
   }
   EXPECT_EQ(script.questions.size(), 2u);
 }

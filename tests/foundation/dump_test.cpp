@@ -289,9 +289,12 @@ TEST(DumpRecord, IsWrittenFieldByField) {
   PaintStruct paint;
   paint.hdc = 8;
   paint.rcPaint = {1, 2, 3, 4};
+  paint.rgbReserved.front() = 5;
+  paint.rgbReserved.back() = 6;
   to.Tell(u"ps", paint);
   ASSERT_EQ(to.lines.size(), 9u);
-  to.lines.pop_back();  // the reserved bytes
+  EXPECT_EQ(to.lines.back(), "ps.rgbReserved=[0 5" + Repeated(" 0", 30) + " 6]");
+  to.lines.pop_back();
   EXPECT_EQ(to.lines, (LogLines{"ps.hdc=8", "ps.fErase=0", "ps.rcPaint.left=1", "ps.rcPaint.top=2",
                                 "ps.rcPaint.right=3", "ps.rcPaint.bottom=4", "ps.fRestore=0", "ps.fIncUpdate=0"}));
 }

@@ -1,6 +1,9 @@
 // The start routine, the stack of names, and the handler itself.
 
+#include "foundation/CommonLogger.h"
+#include "foundation/LanguageExtensions.h"
 #include "foundation/vbwProtector.h"
+#include "platform/wrappers/forwarding.h"
 #include "tests/foundation/foundation_fixture.h"
 
 namespace strandline {
@@ -169,6 +172,34 @@ TEST_F(Protector, DepthBeyondAnInteger_IsAnErrorOfTheStackItself) {
   EXPECT_EQ(script.questions.at(0).description, "Overflow");
   EXPECT_EQ(mStatements.ran, "reached bottom");
   EXPECT_GT(variables.mStackCalls, 32700);
+}
+
+TEST_F(Protector, DepthBeyondAnInteger_IsAnErrorInTheLibrarysOwnProceduresToo) {
+  variables.mStackCalls = 32767;
+  CommonLogger::CloseLog(0);
+  EXPECT_EQ(script.Asked(), LogLines{"6 vbwProtector.vbwProcIn"});
+}
+
+// The component is handed the count, and may write to it.
+TEST_F(Protector, CountThatWasChangedMeanwhile_GoesDownByOneAndNotBelowZero) {
+  class CountWriter final : public ForwardingRunTime {
+   public:
+    using ForwardingRunTime::ForwardingRunTime;
+    Date Now() override {
+      vbwProtector::variables.mStackCalls = count;
+      return mTarget.Now();
+    }
+    Integer count = 0;
+  };
+  CountWriter runTime(desk.RunTime());
+  platform::current.runTime = &runTime;
+  const std::pair<Integer, Integer> cases[] = {{0, 0}, {1, 0}, {2, 1}, {100, 99}};
+  for (const auto& [written, left] : cases) {
+    runTime.count = written;
+    variables.mStackCalls = 5;
+    LanguageExtensions::RandomNumber(1, 6);
+    EXPECT_EQ(variables.mStackCalls, left) << written;
+  }
 }
 
 TEST_F(Protector, DepthBeyondAnInteger_IsToldAgainAfterTheTellingFailed) {

@@ -68,6 +68,7 @@ TEST_F(WordAccessDumps, OfTheDocumentsWindow_TellsThatOutlookIsNotFoundYet) {
                                [] { CommonWordWindowFunctions::ActiveDocumentHandle(); }};
   for (void (*const call)() : callers) {
     BeginWithDump();
+    mScript.log.clear();
     Word().Faults().Arm("Documents", "Count");
     call();
     EXPECT_EQ(Dump(), Whole({"'inOutlook2000', False", "'name', ''"}, {}));

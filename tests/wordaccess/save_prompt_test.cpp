@@ -1,5 +1,6 @@
 // What the user is asked when a document with unsaved changes closes.
 
+#include "tests/support/scripted_object.h"
 #include "tests/wordaccess/word_access_fixture.h"
 
 namespace strandline {
@@ -47,6 +48,18 @@ TEST_F(SavePrompt, OnlyABlankNewDocument_ClosesUnaskedWithChanges) {
     EXPECT_FALSE(CancelCloseDueToSave(document));
     EXPECT_EQ(Did().Boxes().size(), asked ? 1u : 0u);
   }
+}
+
+TEST_F(SavePrompt, NoMemoryToSave_CancelsTheClosing) {
+  TheWorld().AnswerBox(msgbox::kAnswerYes);
+  const Object document = New<ScriptedObject>([](Use use, Name member, const Arguments&) -> Variant {
+    if (use == Use::kCall) throw std::bad_alloc();
+    return member == Name("Saved") ? Variant(false) : Variant(u"One.doc");
+  });
+  EXPECT_TRUE(CancelCloseDueToSave(document));
+  EXPECT_EQ(vbwProtector::lastError.number, errors::kOutOfMemory);
+  EXPECT_EQ(vbwProtector::lastError.description, u"Out of memory");
+  EXPECT_TRUE(Did().Errors().empty());
 }
 
 // A file that holds a single character has a path, and so isn't new.
