@@ -312,7 +312,7 @@ TEST_F(ClipboardClassTest, FormatsByName_AreLookedForOnTheClipboard) {
   Put(kText, "a");
   EXPECT_EQ(clipboard->FormatIDForName(hwnd, u"HTML Format"), kHtmlId);
   EXPECT_EQ(clipboard->FormatIDForName(hwnd, u"Text (OEM)"), kOemText);
-  EXPECT_EQ(clipboard->FormatIDForName(hwnd, u"Text Locale Identifier"), kLocale) << "the last one";
+  EXPECT_EQ(clipboard->FormatIDForName(hwnd, u"Text Locale Identifier"), kLocale);
   EXPECT_EQ(clipboard->FormatIDForName(hwnd, u"html format"), 0);
   EXPECT_EQ(clipboard->FormatIDForName(hwnd, u"Rich Text Format"), 0);
   EXPECT_TRUE(clipboard->IsDataAvailableForFormatName(hwnd, u"Text"));
