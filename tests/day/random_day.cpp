@@ -374,9 +374,9 @@ std::string RandomDay::WrongOfToolbars() {
   const auto& registry = Main2Access::Registry(mWorld->Main());
   if (!registry) return "";
   for (Long i = 0; i < registry->Count(); ++i) {
-    const Object* const item = registry->ItemAt(i).If<Object>();
-    if (!item) continue;
-    const auto* const toolbar = dynamic_cast<const Toolbar*>(item->Target());
+    const Variant item = registry->ItemAt(i);
+    if (item.IsEmpty()) continue;  // a click on the ad of a window without a toolbar
+    const auto* const toolbar = dynamic_cast<const Toolbar*>(item.ToObject().Target());
     if (!toolbar) return "the registry holds what is no toolbar";
     struct Seen final : StateVisitor {
       void BeginModule(const char16_t*) override {}
