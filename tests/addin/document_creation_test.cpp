@@ -399,6 +399,12 @@ TEST_F(EventDuringACreation, SecondCreation_IsEnteredFirstAndTheFirstNotAtAll) {
   EXPECT_EQ(Block(Did().Errors()), "457 Main2.AddListener\n");
 }
 
+TEST_F(EventDuringACreation, ClickOnAnAd_TakesTheEntryOfTheStripThatIsMade) {
+  OpenAndMeanwhile([this] { Main().ClickOnAd(); });
+  EXPECT_EQ(Block(Did().Errors()), "13 Main2.Toolbars[Get]\n457 Main2.AddListener\n");
+  EXPECT_TRUE(Inside::Registry(Main())->ItemAt(1).IsEmpty());
+}
+
 TEST_F(DocumentCreation, Toolbar_IsEnteredAfterItsWindowIsHooked) {
   TheWorld();
   std::string atTheHook = "no hook";
