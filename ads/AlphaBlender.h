@@ -37,7 +37,7 @@ class AlphaBlender final : public ClassObject {
   Integer mWidth = 0;
   Integer mHeight = 0;
   Ref<Dictionary> mCache;       // by blend key, the context that holds the blend
-  Ref<Dictionary> mOldHandles;  // by context, the bitmap that the blend's own displaced
+  Ref<Dictionary> mOldHandles;  // by the context's decimal text, the bitmap that the blend's own displaced
 
   // The keys that hash has written, by its arguments: a step that comes round again takes no memory.
   std::unordered_map<std::uint64_t, String> mKeys;
